@@ -1,0 +1,263 @@
+// LU decomposition with partial pivoting, P A = L U, and its back substitution A x = b.
+//
+// Rows are never moved: logical row i of the factorization is physical row r(i) = pivotIndex[i] of dst.
+//
+//   Paths      decomposition: sides 3 to 6 in a local copy, all others in place in dst by the `_com` kernels (for a
+//              single matrix or each of an array). Back substitution: sides 3 to 6 written out, else loops through dst.
+//   Pivot      the greatest magnitude of the column, the lowest logical row among equals; a not-a-number never
+//              replaces a candidate.
+//   Tolerance  absolute, and another one in each path (Tolerance below). The local path's last test reads the element
+//              at physical row n-1 of the copy, which is the last pivot only if r(n-1) is n-1.
+//   Status     smxStsSingularErr at the first failing test. An array kernel stops there.
+//   Written    general path: the copy with the eliminations and exchanges before the failing step. Local path: the rows
+//              finished before the failing step and the exchanges up to and with it; in the pointer layout no row.
+//   In place   dst may be src. Back substitution: src2 may be dst for sides 3 to 6.
+#pragma once
+
+#include "frame_module.hpp"
+#include "frame_number.hpp"
+
+namespace smx {
+inline namespace SMX_ISA {
+
+// Twice the smallest normal number for the local copy, the machine epsilon for the general path.
+template <class T>
+struct LUTolerance;
+template <>
+struct LUTolerance<float> {
+    static constexpr float local = 0x1p-125F, general = 0x1p-23F;
+};
+template <>
+struct LUTolerance<double> {
+    static constexpr double local = 0x1p-1021, general = 0x1p-52;
+};
+
+// The factors of one object, or of a group: rows in logical order.
+template <class Num, int N>
+struct LUFactors {
+    Num row[N][N];
+    IndexOf<Num> physical[N];
+
+    // Eliminates, and returns the step whose test failed: k for the pivot of step k, n-1 for the last test, n for none.
+    // On entry the rows are in physical order.
+    [[gnu::always_inline]] int decompose(Failure<Num> &failure) {
+        using T = ElementOfNumber<Num>;
+        constexpr T tolerance = LUTolerance<T>::local;
+        for (int i = 0; i < N; ++i) physical[i] = IndexOf<Num>(static_cast<T>(i));
+#pragma GCC unroll 6
+        for (int k = 0; k < N - 1; ++k) {
+            Num pivot = row[k][k], best = magnitude(pivot);
+#pragma GCC unroll 6
+            for (int i = k + 1; i < N; ++i) best = select(magnitude(row[i][k]) > best, magnitude(row[i][k]), best);
+            // The first row that holds the best magnitude takes the exchange; a not-a-number in row k keeps its place.
+            MaskOf<Num> open = magnitude(pivot) < best;
+#pragma GCC unroll 6
+            for (int i = k + 1; i < N; ++i) {
+                const MaskOf<Num> here = open & (magnitude(row[i][k]) == best);
+                open = open & !here;
+#pragma GCC unroll 6
+                for (int j = 0; j < N; ++j) exchange(here, row[k][j], row[i][j]);
+                exchange(here, physical[k], physical[i]);
+            }
+            pivot = row[k][k];
+            if (failure.stop(!(magnitude(pivot) >= tolerance))) return k;
+            if (k < N - 2) {
+                const Num reciprocal = T(1) / pivot;
+#pragma GCC unroll 6
+                for (int i = k + 1; i < N; ++i) row[i][k] = row[i][k] * reciprocal;
+            } else {
+                row[N - 1][k] = row[N - 1][k] / pivot;
+            }
+#pragma GCC unroll 6
+            for (int i = k + 1; i < N; ++i)
+#pragma GCC unroll 6
+                for (int j = k + 1; j < N; ++j) row[i][j] = row[i][j] - row[i][k] * row[k][j];
+        }
+        Num last = row[N - 1][N - 1];
+#pragma GCC unroll 6
+        for (int i = 0; i < N - 1; ++i)
+            last = select(physical[i] == IndexOf<Num>(static_cast<T>(N - 1)), row[i][N - 1], last);
+        if (failure.stop(!(magnitude(last) >= tolerance))) return N - 1;
+        return N;
+    }
+
+    template <class X>
+    static void exchange(MaskOf<Num> mask, X &a, X &b) {
+        const X kept = a;
+        a = select(mask, b, a);
+        b = select(mask, kept, b);
+    }
+};
+
+// x from the factors f (rows in logical order) and the right-hand side b in logical order. `diagonal` divides by
+// f[i][i], or multiplies by its reciprocal.
+template <int N, class Num, class Diagonal>
+[[gnu::always_inline]] inline void lu_solve(const Num (&f)[N][N], const Num (&b)[N], Num (&x)[N], Diagonal diagonal) {
+    Num y[N];
+    y[0] = b[0];
+#pragma GCC unroll 6
+    for (int i = 1; i < N; ++i) {
+        Num value = b[i];
+#pragma GCC unroll 6
+        for (int j = 1; j < i; ++j) value = value - f[i][j] * y[j];
+        y[i] = value - f[i][0] * y[0];
+    }
+    x[N - 1] = diagonal(y[N - 1], N - 1);
+#pragma GCC unroll 6
+    for (int i = N - 2; i >= 0; --i) {
+        Num value = y[i];
+#pragma GCC unroll 6
+        for (int j = N - 1; j > i; --j) value = value - f[i][j] * x[j];
+        x[i] = diagonal(value, i);
+    }
+}
+
+// The general path of one matrix, in place in dst.
+template <class T, class A, class D>
+SmxStatus lu_decompose_in_place(const A &src, int *r, const D &dst, int n) {
+    constexpr T tolerance = LUTolerance<T>::general;
+    const auto fails = [](T pivot) { return !(magnitude(pivot) > tolerance); };
+    for (int i = 0; i < n; ++i) {
+        r[i] = i;
+        for (int j = 0; j < n; ++j) dst(i, j) = src(i, j);
+    }
+    for (int k = 0; k < n - 1; ++k) {
+        int best = k;
+        T pivot = dst(r[k], k);
+        for (int i = k + 1; i < n; ++i)
+            if (magnitude(dst(r[i], k)) > magnitude(pivot)) {
+                pivot = dst(r[i], k);
+                best = i;
+            }
+        if (fails(pivot)) return smxStsSingularErr;
+        if (best != k) {
+            const int row = r[k];
+            r[k] = r[best];
+            r[best] = row;
+        }
+        const T reciprocal = T(1) / dst(r[k], k);
+        for (int i = k + 1; i < n; ++i) dst(r[i], k) = dst(r[i], k) * reciprocal;
+        for (int i = k + 1; i < n; ++i)
+            for (int j = k + 1; j < n; ++j) dst(r[i], j) = dst(r[i], j) - dst(r[i], k) * dst(r[k], j);
+    }
+    return fails(dst(r[n - 1], n - 1)) ? smxStsSingularErr : smxStsNoErr;
+}
+
+struct LUDecomposition {
+    // One matrix by the local copy. The pointer layout stores all rows at the end, the others those that are finished.
+    template <int N, bool store_at_end, class A, class D>
+    static SmxStatus local(const A &src, int *r, const D &dst) {
+        using T = typename D::Value;
+        LUFactors<T, N> factors;
+        Failure<T> failure;
+        for (int i = 0; i < N; ++i)
+            for (int j = 0; j < N; ++j) factors.row[i][j] = src(i, j);
+        const int step = factors.decompose(failure);
+        for (int i = 0; i < N; ++i) r[i] = factors.physical[i];
+        if (step == N || !store_at_end)
+            for (int i = 0; i < step; ++i)
+                for (int j = 0; j < N; ++j) dst(r[i], j) = factors.row[i][j];
+        return step == N ? smxStsNoErr : smxStsSingularErr;
+    }
+
+    // Kernels of one matrix and of an array; `general` calls the `_com` kernel for object n.
+    template <class Tier, class Call, class A, class R, class D>
+    static SmxStatus objects(Tier, const Inner<Call> &general, const A &src, const R &pivots, const D &dst, int side,
+                             int count) {
+        SmxStatus status = smxStsNoErr;
+        if (with_side(side, [&]<int N>(Side<N>) {
+                for (int n = 0; n < count && status == smxStsNoErr; ++n)
+                    status = local<N, std::is_same_v<Tier, P>>(src.object(n, N), pivots.object(n), dst.object(n, N));
+            }))
+            return status;
+        for (int n = 0; n < count && status == smxStsNoErr; ++n)
+            if (all_fit(n, src, dst)) status = general.call(n);
+            else // the object's shift is no int
+                status = lu_decompose_in_place<ElementOf<D>>(src.object(n, side), pivots.object(n), dst.object(n, side),
+                                                             side);
+        return status;
+    }
+
+    template <class Tier, class Call, class A, class R, class D>
+    static SmxStatus run(Tier tier, const Inner<Call> &general, const A &src, const R &pivots, const D &dst,
+                         Size<Role::side> side) {
+        return objects(tier, general, src, pivots, dst, side.value, 1);
+    }
+    template <class Tier, class Call, class A, class R, class D>
+    static SmxStatus run(Tier tier, const Inner<Call> &general, const A &src, const R &pivots, const D &dst,
+                         Size<Role::side> side, Count count) {
+        return objects(tier, general, src, pivots, dst, side.value, count.value);
+    }
+};
+
+// The `_com` kernels: the general path alone.
+struct LUGeneral {
+    template <class Tier, class A, class R, class D>
+    static SmxStatus run(Tier, const A &src, const R &pivots, const D &dst, Size<Role::side> side) {
+        return lu_decompose_in_place<ElementOf<D>>(src.object(0, side.value), pivots.object(0),
+                                                   dst.object(0, side.value), side.value);
+    }
+};
+
+struct LUBackSubstitution {
+    template <class A, class B, class X>
+    static void general(const A &f, const int *r, const B &b, const X &x, int n) {
+        using T = typename X::Value;
+        x(0) = b(r[0]);
+        for (int i = 1; i < n; ++i) {
+            T sum = 0;
+            for (int j = 0; j < i; ++j) sum += f(r[i], j) * x(j);
+            x(i) = b(r[i]) - sum;
+        }
+        x(n - 1) = x(n - 1) / f(r[n - 1], n - 1);
+        for (int i = n - 2; i >= 0; --i) {
+            T sum = 0;
+            for (int j = i + 1; j < n; ++j) sum += f(r[i], j) * x(j);
+            x(i) = (x(i) - sum) / f(r[i], i);
+        }
+    }
+
+    // One solve with everything read first. `reciprocal` is null, or the diagonal's reciprocals.
+    template <int N, class T, class A, class B, class X>
+    static void local(const A &matrix, const int *r, const B &rhs, const X &dst, const T *reciprocal) {
+        T f[N][N], b[N], x[N];
+        for (int i = 0; i < N; ++i) {
+            b[i] = rhs(r[i]);
+            for (int j = 0; j < N; ++j) f[i][j] = matrix(r[i], j);
+        }
+        if (reciprocal == nullptr) lu_solve(f, b, x, [&](T value, int i) { return value / f[i][i]; });
+        else lu_solve(f, b, x, [&](T value, int i) { return value * reciprocal[i]; });
+        for (int i = 0; i < N; ++i) dst(i) = x[i];
+    }
+
+    // One matrix for an array of vectors multiplies by reciprocals made once; the other forms divide.
+    template <bool by_reciprocals, class A, class R, class B, class X>
+    static SmxStatus objects(const A &matrix, const R &pivots, const B &rhs, const X &dst, int side, int count) {
+        using T = ElementOf<X>;
+        if (with_side(side, [&]<int N>(Side<N>) {
+                T reciprocal[N];
+                if (by_reciprocals)
+                    for (int i = 0; i < N; ++i) reciprocal[i] = T(1) / matrix.object(0, N)(pivots.object(0)[i], i);
+                for (int n = 0; n < count; ++n)
+                    local<N, T>(matrix.object(n, N), pivots.object(n), rhs.object(n), dst.object(n),
+                                by_reciprocals ? reciprocal : nullptr);
+            }))
+            return smxStsNoErr;
+        for (int n = 0; n < count; ++n)
+            general(matrix.object(n, side), pivots.object(n), rhs.object(n), dst.object(n), side);
+        return smxStsNoErr;
+    }
+
+    template <class Tier, class A, class R, class B, class X>
+    static SmxStatus run(Tier, const A &matrix, const R &pivots, const B &rhs, const X &dst, Size<Role::side> side) {
+        return objects<false>(matrix, pivots, rhs, dst, side.value, 1);
+    }
+    template <class Tier, class A, class R, class B, class X>
+    static SmxStatus run(Tier, const A &matrix, const R &pivots, const B &rhs, const X &dst, Size<Role::side> side,
+                         Count count) {
+        return objects<is_single<A>>(matrix, pivots, rhs, dst, side.value, count.value);
+    }
+};
+
+} // namespace SMX_ISA
+} // namespace smx

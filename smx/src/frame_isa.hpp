@@ -1,0 +1,55 @@
+// The instruction set of a translation unit, and the one chosen at run time.
+//
+// Every unit is compiled for one set and puts all its inline code into the namespace of that set, so that code built
+// for a wide set can never be merged into code that runs everywhere. The library itself is built for the baseline;
+// the lanes_*.cpp units are built again for each wider set (cmake/lanes.cmake) and reached through SMX_ON_LANES.
+#pragma once
+
+#ifndef SMX_ISA
+#define SMX_ISA baseline
+#endif
+
+namespace smx {
+
+enum class InstructionSet { baseline = 1, avx2 = 2, avx512 = 3 };
+
+// The widest set that the processor and its system support, or a narrower one that the environment variable SMX_ISA
+// names ("baseline", "avx2", "avx512"). Found once, at the first call.
+InstructionSet instruction_set();
+
+// Bytes of one vector register of the chosen set.
+inline namespace SMX_ISA {
+inline int lane_bytes() {
+    return 8 << static_cast<int>(instruction_set());
+}
+template <class T>
+inline int lane_width() {
+    return lane_bytes() / static_cast<int>(sizeof(T));
+}
+} // namespace SMX_ISA
+
+} // namespace smx
+
+// Declares a function that exists once for each instruction set.
+#ifdef SMX_WIDE_LANES
+#define SMX_DECLARE_LANES(result, name, ...) \
+    namespace smx::baseline {                \
+    result name(__VA_ARGS__);                \
+    }                                        \
+    namespace smx::avx2 {                    \
+    result name(__VA_ARGS__);                \
+    }                                        \
+    namespace smx::avx512 {                  \
+    result name(__VA_ARGS__);                \
+    }
+#define SMX_ON_LANES(name, ...)                                                             \
+    (smx::instruction_set() == smx::InstructionSet::avx512 ? smx::avx512::name(__VA_ARGS__) \
+     : smx::instruction_set() == smx::InstructionSet::avx2 ? smx::avx2::name(__VA_ARGS__)   \
+                                                           : smx::baseline::name(__VA_ARGS__))
+#else
+#define SMX_DECLARE_LANES(result, name, ...) \
+    namespace smx::baseline {                \
+    result name(__VA_ARGS__);                \
+    }
+#define SMX_ON_LANES(name, ...) smx::baseline::name(__VA_ARGS__)
+#endif

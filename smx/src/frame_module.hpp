@@ -1,0 +1,262 @@
+// What a module stamps from its row of the catalogue.
+//
+//   SMX_MODULE(Add_mm)               interface functions and kernels of a row
+//   SMX_MODULE_VIA(Add_mam, Add_mm)  the same, where the list kernels call the non-array kernels of another row
+//   SMX_MODULE_VIA_S2(Mul_mama, Mul_mm)  the same, but only the _LS2 kernels call another one
+//   SMX_MODULE_COM(LUDecomp_m, (LUGeneral))     a row whose kernels leave their general path to `_com` kernels
+//   SMX_MODULE_VIA_COM(LUDecomp_ma, LUDecomp_m)  its array row, which calls those `_com` kernels for each object
+//   SMX_DRIVERS(Add_mam)             the drivers of an array row
+//   SMX_DRIVERS_WITH_SCRATCH(Det_ma, elements)  the same with so many elements of scratch for each thread
+//
+// All three tiers are exported, and each calls the next by its name, so that one that a user preloads is the one
+// called.
+#pragma once
+
+#include "frame_catalogue.hpp"
+#include "frame_entry.hpp"
+#include "frame_stamp.hpp"
+#include "smx.h"
+
+namespace smx {
+inline namespace SMX_ISA {
+
+// The tier of a kernel, by which a family tells its kernels apart.
+struct Plain {};
+struct S2 {};
+struct P {};
+struct L {};
+struct LS2 {};
+template <class Tier>
+constexpr bool is_list = std::is_same_v<Tier, L> || std::is_same_v<Tier, LS2>;
+template <class Tier>
+constexpr bool is_adjacent = std::is_same_v<Tier, L> || std::is_same_v<Tier, Plain>;
+
+// The non-array kernel that a list kernel calls for each object, and whether a user has replaced it: a faster path may
+// pass it by only if nobody can tell.
+template <class Call>
+struct Inner {
+    Call call;
+    bool replaced;
+};
+template <class Call>
+Inner(Call, bool) -> Inner<Call>;
+
+template <class Function>
+inline bool replaced(Function *called, Function *ours) {
+    __asm__("" : "+r"(called)); // or the compiler takes two names for two functions
+    return called != ours;
+}
+
+} // namespace SMX_ISA
+} // namespace smx
+
+#define SMX_MODULE(name) SMX_MODULE_1(name, SMX_ROW_##name)
+#define SMX_MODULE_1(name, ...) SMX_MODULE_2(name, __VA_ARGS__)
+#define SMX_MODULE_2(name, shape, family, rules, ...) \
+    SMX_RULES(name, rules)                            \
+    SMX_STAMP_##shape(name, float, 32f, family, __VA_ARGS__) SMX_STAMP_##shape(name, double, 64f, family, __VA_ARGS__)
+
+#define SMX_MODULE_VIA(name, inner) SMX_MODULE_VIA_1(name, inner, SMX_ROW_##name)
+#define SMX_MODULE_VIA_1(name, inner, ...) SMX_MODULE_VIA_2(name, inner, __VA_ARGS__)
+#define SMX_MODULE_VIA_2(name, inner, shape, family, rules, ...) \
+    SMX_RULES(name, rules)                                       \
+    SMX_STAMP_VIA(name, inner, float, 32f, family, __VA_ARGS__)  \
+    SMX_STAMP_VIA(name, inner, double, 64f, family, __VA_ARGS__)
+
+#define SMX_MODULE_VIA_S2(name, inner) SMX_MODULE_VIA_S2_1(name, inner, SMX_ROW_##name)
+#define SMX_MODULE_VIA_S2_1(name, inner, ...) SMX_MODULE_VIA_S2_2(name, inner, __VA_ARGS__)
+#define SMX_MODULE_VIA_S2_2(name, inner, shape, family, rules, ...) \
+    SMX_RULES(name, rules)                                          \
+    SMX_STAMP_VIA_S2(name, inner, float, 32f, family, __VA_ARGS__)  \
+    SMX_STAMP_VIA_S2(name, inner, double, 64f, family, __VA_ARGS__)
+
+#define SMX_MODULE_COM(name, com_family) SMX_MODULE_COM_1(name, com_family, SMX_ROW_##name)
+#define SMX_MODULE_COM_1(name, com_family, ...) SMX_MODULE_COM_2(name, com_family, __VA_ARGS__)
+#define SMX_MODULE_COM_2(name, com_family, shape, family, rules, ...) \
+    SMX_RULES(name, rules)                                            \
+    SMX_STAMP_COM(name, float, 32f, family, com_family, __VA_ARGS__)  \
+    SMX_STAMP_COM(name, double, 64f, family, com_family, __VA_ARGS__)
+#define SMX_MODULE_VIA_COM(name, single) SMX_MODULE_VIA_COM_1(name, single, SMX_ROW_##name)
+#define SMX_MODULE_VIA_COM_1(name, single, ...) SMX_MODULE_VIA_COM_2(name, single, __VA_ARGS__)
+#define SMX_MODULE_VIA_COM_2(name, single, shape, family, rules, ...) \
+    SMX_RULES(name, rules)                                            \
+    SMX_STAMP_VIA_COM(name, single, float, 32f, family, __VA_ARGS__)  \
+    SMX_STAMP_VIA_COM(name, single, double, 64f, family, __VA_ARGS__)
+
+#define SMX_DRIVERS(name) SMX_DRIVERS_1(name, 0, SMX_ROW_##name)
+#define SMX_DRIVERS_WITH_SCRATCH(name, elements) SMX_DRIVERS_1(name, elements, SMX_ROW_##name)
+#define SMX_DRIVERS_1(name, elements, ...) SMX_DRIVERS_2(name, elements, __VA_ARGS__)
+#define SMX_DRIVERS_2(name, elements, shape, family, rules, ...)       \
+    SMX_STAMP_DRIVERS_##shape(name, float, 32f, elements, __VA_ARGS__) \
+        SMX_STAMP_DRIVERS_##shape(name, double, 64f, elements, __VA_ARGS__)
+
+#define SMX_RULES(name, rules)                           \
+    namespace smx {                                      \
+    inline namespace SMX_ISA {                           \
+    inline constexpr Rules rules_##name{SMX_BARE rules}; \
+    }                                                    \
+    }
+
+#define SMX_FUNCTION(name, layout, T, ...) extern "C" SMX_API SmxStatus name(SMX_LIST(PARAM, layout, T, __VA_ARGS__))
+#define SMX_CALL(name, layout, T, ...) [&] { return name(SMX_LIST(ARG, layout, T, __VA_ARGS__)); }
+
+#define SMX_KERNEL(name, tier, layout, T, family, ...)                                  \
+    SMX_FUNCTION(name, layout, T, __VA_ARGS__) {                                        \
+        using namespace smx;                                                            \
+        return SMX_BARE family::run(tier{}, SMX_LIST(OPERAND, layout, T, __VA_ARGS__)); \
+    }
+
+// A non-array kernel has a hidden second name, by which list kernels find out whether it has been replaced.
+#define SMX_OWN_NAME(name, layout, T, ...)                         \
+    extern "C" __attribute__((visibility("hidden"), alias(#name))) \
+    SmxStatus smx_unreplaced_##name(SMX_LIST(PARAM, layout, T, __VA_ARGS__));
+
+#define SMX_STAMP_SINGLE(name, T, type, family, ...)                      \
+    SMX_KERNEL(ownsmx##name##_##type, Plain, A, T, family, __VA_ARGS__)   \
+    SMX_KERNEL(ownsmx##name##_##type##_S2, S2, S, T, family, __VA_ARGS__) \
+    SMX_KERNEL(ownsmx##name##_##type##_P, P, P, T, family, __VA_ARGS__)   \
+    SMX_OWN_NAME(ownsmx##name##_##type, A, T, __VA_ARGS__)                \
+    SMX_OWN_NAME(ownsmx##name##_##type##_S2, S, T, __VA_ARGS__)           \
+    SMX_STAMP_SINGLE_INTERFACE(name, T, type, __VA_ARGS__)
+
+#define SMX_STAMP_SINGLE_INTERFACE(name, T, type, ...)                                                             \
+    SMX_FUNCTION(smx##name##_##type, S, T, __VA_ARGS__) {                                                          \
+        return smx::enter<T, smx::rules_##name, smx::Layout::strided>(                                             \
+            [] { return smxStsNoErr; }, SMX_CALL(ownsmx##name##_##type, A, T, __VA_ARGS__),                        \
+            SMX_CALL(ownsmx##name##_##type##_S2, S, T, __VA_ARGS__), SMX_LIST(OPERAND, S, T, __VA_ARGS__));        \
+    }                                                                                                              \
+    SMX_FUNCTION(smx##name##_##type##_P, P, T, __VA_ARGS__) {                                                      \
+        const auto kernel = SMX_CALL(ownsmx##name##_##type##_P, P, T, __VA_ARGS__);                                \
+        return smx::enter<T, smx::rules_##name, smx::Layout::pointers>([] { return smxStsNoErr; }, kernel, kernel, \
+                                                                       SMX_LIST(OPERAND, P, T, __VA_ARGS__));      \
+    }
+
+// The count comes last, unless the row places it itself.
+#define SMX_STAMP_ARRAY(name, T, type, family, ...) \
+    SMX_STAMP_ARRAY_COUNTED(name, T, type, family, __VA_ARGS__, (N, count))
+#define SMX_STAMP_ARRAY_COUNTED(name, T, type, family, ...)                 \
+    SMX_STAMP_ARRAY_KERNELS(name, T, type, family, __VA_ARGS__)             \
+    SMX_KERNEL(ownsmx##name##_##type##_L, L, LA, T, family, __VA_ARGS__)    \
+    SMX_KERNEL(ownsmx##name##_##type##_LS2, LS2, L, T, family, __VA_ARGS__) \
+    SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__)
+
+#define SMX_STAMP_ARRAY_KERNELS(name, T, type, family, ...)               \
+    SMX_KERNEL(ownsmx##name##_##type, Plain, A, T, family, __VA_ARGS__)   \
+    SMX_KERNEL(ownsmx##name##_##type##_S2, S2, S, T, family, __VA_ARGS__) \
+    SMX_KERNEL(ownsmx##name##_##type##_P, P, P, T, family, __VA_ARGS__)
+
+#define SMX_STAMP_VIA(name, inner, T, type, family, ...)                                                             \
+    SMX_STAMP_ARRAY_KERNELS(name, T, type, family, __VA_ARGS__, (N, count))                                          \
+    SMX_KERNEL_VIA(ownsmx##name##_##type##_L, ownsmx##inner##_##type, L, LA, A, T, family, SMX_COUNTED, __VA_ARGS__) \
+    SMX_KERNEL_VIA(ownsmx##name##_##type##_LS2, ownsmx##inner##_##type##_S2, LS2, L, S, T, family, SMX_COUNTED,      \
+                   __VA_ARGS__)                                                                                      \
+    SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__, (N, count))
+
+#define SMX_STAMP_VIA_S2(name, inner, T, type, family, ...)                                                     \
+    SMX_STAMP_ARRAY_KERNELS(name, T, type, family, __VA_ARGS__, (N, count))                                     \
+    SMX_KERNEL(ownsmx##name##_##type##_L, L, LA, T, family, __VA_ARGS__, (N, count))                            \
+    SMX_KERNEL_VIA(ownsmx##name##_##type##_LS2, ownsmx##inner##_##type##_S2, LS2, L, S, T, family, SMX_COUNTED, \
+                   __VA_ARGS__)                                                                                 \
+    SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__, (N, count))
+
+// A kernel that calls another one for each of its objects: a list kernel the non-array kernel, or a kernel with paths
+// for the sides 3 to 6 the one that holds its general path.
+#define SMX_KERNEL_VIA(name, inner, tier, layout, inner_layout, T, family, counted, ...)                           \
+    extern "C" SmxStatus inner(SMX_LIST(SINGLE, inner_layout, T, __VA_ARGS__));                                    \
+    extern "C" __attribute__((visibility("hidden")))                                                               \
+    SmxStatus smx_unreplaced_##inner(SMX_LIST(SINGLE, inner_layout, T, __VA_ARGS__));                              \
+    SMX_FUNCTION(name, layout, T, counted(__VA_ARGS__)) {                                                          \
+        using namespace smx;                                                                                       \
+        const auto call = [&]([[maybe_unused]] int n) { return inner(SMX_LIST(OBJECT, layout, T, __VA_ARGS__)); }; \
+        return SMX_BARE family::run(tier{}, Inner{call, replaced(inner, smx_unreplaced_##inner)},                  \
+                                    SMX_LIST(OPERAND, layout, T, counted(__VA_ARGS__)));                           \
+    }
+#define SMX_COUNTED(...) __VA_ARGS__, (N, count)
+#define SMX_UNCOUNTED(...) __VA_ARGS__
+
+#define SMX_STAMP_COM(name, T, type, family, com_family, ...)                                                       \
+    SMX_COM_KERNEL(SMX_COM_PLAIN_##name(name, type), Plain, A, T, com_family, __VA_ARGS__)                          \
+    SMX_COM_KERNEL(ownsmx##name##_##type##_S2_com, S2, S, T, com_family, __VA_ARGS__)                               \
+    SMX_COM_KERNEL(ownsmx##name##_##type##_P_com, P, P, T, com_family, __VA_ARGS__)                                 \
+    SMX_KERNEL_VIA_(ownsmx##name##_##type, SMX_COM_PLAIN_##name(name, type), Plain, A, A, T, family, SMX_UNCOUNTED, \
+                    __VA_ARGS__)                                                                                    \
+    SMX_KERNEL_VIA(ownsmx##name##_##type##_S2, ownsmx##name##_##type##_S2_com, S2, S, S, T, family, SMX_UNCOUNTED,  \
+                   __VA_ARGS__)                                                                                     \
+    SMX_KERNEL_VIA(ownsmx##name##_##type##_P, ownsmx##name##_##type##_P_com, P, P, P, T, family, SMX_UNCOUNTED,     \
+                   __VA_ARGS__)                                                                                     \
+    SMX_STAMP_SINGLE_INTERFACE(name, T, type, __VA_ARGS__)
+#define SMX_STAMP_VIA_COM(name, single, T, type, family, ...)                                                          \
+    SMX_KERNEL_VIA_(ownsmx##name##_##type, SMX_COM_PLAIN_##single(single, type), Plain, A, A, T, family, SMX_COUNTED,  \
+                    __VA_ARGS__)                                                                                       \
+    SMX_KERNEL_VIA(ownsmx##name##_##type##_S2, ownsmx##single##_##type##_S2_com, S2, S, S, T, family, SMX_COUNTED,     \
+                   __VA_ARGS__)                                                                                        \
+    SMX_KERNEL_VIA(ownsmx##name##_##type##_P, ownsmx##single##_##type##_P_com, P, P, P, T, family, SMX_COUNTED,        \
+                   __VA_ARGS__)                                                                                        \
+    SMX_KERNEL_VIA_(ownsmx##name##_##type##_L, SMX_COM_PLAIN_##single(single, type), L, LA, A, T, family, SMX_COUNTED, \
+                    __VA_ARGS__)                                                                                       \
+    SMX_KERNEL_VIA(ownsmx##name##_##type##_LS2, ownsmx##single##_##type##_S2_com, LS2, L, S, T, family, SMX_COUNTED,   \
+                   __VA_ARGS__)                                                                                        \
+    SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__, (N, count))
+
+// The plain `_com` kernel of each of the two families that have one.
+#define SMX_COM_PLAIN_LUDecomp_m(name, type) ownsmx##name##_##type##_S_com
+#define SMX_COM_PLAIN_Invert_m(name, type) ownsmx##name##_##type##_com
+#define SMX_COM_KERNEL(...) SMX_COM_KERNEL_(__VA_ARGS__)
+#define SMX_COM_KERNEL_(name, tier, layout, T, family, ...) \
+    SMX_KERNEL(name, tier, layout, T, family, __VA_ARGS__)  \
+    SMX_OWN_NAME(name, layout, T, __VA_ARGS__)
+#define SMX_KERNEL_VIA_(...) SMX_KERNEL_VIA(__VA_ARGS__)
+
+#define SMX_STAMP_ARRAY_INTERFACE(name, T, type, ...)                                                        \
+    SMX_FUNCTION(ownOMP_smx##name##_##type, S, T, __VA_ARGS__);                                              \
+    SMX_FUNCTION(ownOMP_smx##name##_##type##_P, P, T, __VA_ARGS__);                                          \
+    SMX_FUNCTION(ownOMP_smx##name##_##type##_L, L, T, __VA_ARGS__);                                          \
+    SMX_FUNCTION(smx##name##_##type, S, T, __VA_ARGS__) {                                                    \
+        return smx::enter<T, smx::rules_##name, smx::Layout::strided>(                                       \
+            SMX_CALL(ownOMP_smx##name##_##type, S, T, __VA_ARGS__),                                          \
+            SMX_CALL(ownsmx##name##_##type, A, T, __VA_ARGS__),                                              \
+            SMX_CALL(ownsmx##name##_##type##_S2, S, T, __VA_ARGS__), SMX_LIST(OPERAND, S, T, __VA_ARGS__));  \
+    }                                                                                                        \
+    SMX_FUNCTION(smx##name##_##type##_P, P, T, __VA_ARGS__) {                                                \
+        const auto kernel = SMX_CALL(ownsmx##name##_##type##_P, P, T, __VA_ARGS__);                          \
+        return smx::enter<T, smx::rules_##name, smx::Layout::pointers>(                                      \
+            SMX_CALL(ownOMP_smx##name##_##type##_P, P, T, __VA_ARGS__), kernel, kernel,                      \
+            SMX_LIST(OPERAND, P, T, __VA_ARGS__));                                                           \
+    }                                                                                                        \
+    SMX_FUNCTION(smx##name##_##type##_L, L, T, __VA_ARGS__) {                                                \
+        return smx::enter<T, smx::rules_##name, smx::Layout::list>(                                          \
+            SMX_CALL(ownOMP_smx##name##_##type##_L, L, T, __VA_ARGS__),                                      \
+            SMX_CALL(ownsmx##name##_##type##_L, LA, T, __VA_ARGS__),                                         \
+            SMX_CALL(ownsmx##name##_##type##_LS2, L, T, __VA_ARGS__), SMX_LIST(OPERAND, L, T, __VA_ARGS__)); \
+    }
+
+#define SMX_STAMP_DRIVERS_ARRAY(name, T, type, elements, ...) \
+    SMX_STAMP_DRIVERS_ARRAY_COUNTED(name, T, type, elements, __VA_ARGS__, (N, count))
+#define SMX_STAMP_DRIVERS_ARRAY_COUNTED(name, T, type, elements, ...)                                              \
+    SMX_DRIVER(ownOMP_smx##name##_##type, S, ownsmx##name##_##type, A, ownsmx##name##_##type##_S2, S, T, elements, \
+               __VA_ARGS__)                                                                                        \
+    SMX_DRIVER(ownOMP_smx##name##_##type##_P, P, ownsmx##name##_##type##_P, P, ownsmx##name##_##type##_P, P, T,    \
+               elements, __VA_ARGS__)                                                                              \
+    SMX_DRIVER(ownOMP_smx##name##_##type##_L, L, ownsmx##name##_##type##_L, LA, ownsmx##name##_##type##_LS2, L, T, \
+               elements, __VA_ARGS__)
+
+// A driver with its kernel for adjacent elements and the one for a general stride2; the pointer layout has one kernel.
+#define SMX_DRIVER(name, layout, kernel, kernel_layout, kernel_s2, s2_layout, T, elements, ...)                  \
+    SMX_FUNCTION(kernel, kernel_layout, T, __VA_ARGS__);                                                         \
+    SMX_FUNCTION(kernel_s2, s2_layout, T, __VA_ARGS__);                                                          \
+    SMX_FUNCTION(name, layout, T, __VA_ARGS__) {                                                                 \
+        const bool adjacent = smx::all_adjacent(SMX_LIST(OPERAND, layout, T, __VA_ARGS__));                      \
+        const auto fits = [&](std::ptrdiff_t first) {                                                            \
+            return smx::all_fit(first, SMX_LIST(OPERAND, layout, T, __VA_ARGS__));                               \
+        };                                                                                                       \
+        if (adjacent)                                                                                            \
+            return smx::drive(                                                                                   \
+                count, fits, SMX_CALL(kernel, kernel_layout, T, __VA_ARGS__),                                    \
+                [&](const smx::Share &share) { return kernel(SMX_LIST(SHARE, kernel_layout, T, __VA_ARGS__)); }, \
+                SMX_SCRATCH_BYTES(elements, T));                                                                 \
+        return smx::drive(                                                                                       \
+            count, fits, SMX_CALL(kernel_s2, s2_layout, T, __VA_ARGS__),                                         \
+            [&](const smx::Share &share) { return kernel_s2(SMX_LIST(SHARE, s2_layout, T, __VA_ARGS__)); },      \
+            SMX_SCRATCH_BYTES(elements, T));                                                                     \
+    }
+#define SMX_SCRATCH_BYTES(elements, T) static_cast<std::size_t>(elements) * sizeof(T)

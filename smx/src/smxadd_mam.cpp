@@ -1,0 +1,3 @@
+#include "family_matrix_sum.hpp"
+
+SMX_MODULE_VIA(Add_mam, Add_mm)

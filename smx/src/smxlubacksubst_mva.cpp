@@ -1,0 +1,3 @@
+#include "family_lu.hpp"
+
+SMX_MODULE(LUBackSubst_mva)

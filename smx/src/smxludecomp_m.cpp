@@ -1,0 +1,3 @@
+#include "family_lu.hpp"
+
+SMX_MODULE_COM(LUDecomp_m, (LUGeneral))

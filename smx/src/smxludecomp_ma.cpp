@@ -1,0 +1,3 @@
+#include "family_lu.hpp"
+
+SMX_MODULE_VIA_COM(LUDecomp_ma, LUDecomp_m)

@@ -1,0 +1,3 @@
+#include "family_matrix_product.hpp"
+
+SMX_MODULE_VIA(Mul_mat, Mul_mt)

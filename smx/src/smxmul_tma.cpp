@@ -1,0 +1,3 @@
+#include "family_matrix_product.hpp"
+
+SMX_MODULE_VIA_S2(Mul_tma, Mul_tm)

@@ -1,0 +1,3 @@
+#include "family_matrix_sum.hpp"
+
+SMX_MODULE(Sub_tt)
