@@ -12,6 +12,7 @@
 #pragma once
 
 #include "frame_module.hpp"
+#include "lanes_matrix_product.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
@@ -137,6 +138,20 @@ struct MatrixProduct {
     using W2 = Size<Role::width2>;
     using H2 = Size<Role::height2>;
 
+    // Square operands by the lane engine; the list kernels without a path written out start their sums at 0.0.
+    template <bool from_zero, class A, class B, class D, class Range>
+    static SmxStatus in_groups(const A &a, W1 w1, H1 h1, const B &b, W2 w2, H2 h2, const D &d, int count,
+                               Range one_by_one) {
+        const int side = w1.value;
+        if (side != h1.value || side != w2.value || side != h2.value || side < 3 || side > 6)
+            return one_by_one(0, count);
+        const SameObject second = from_zero ? SameObject::none : SameObject::any;
+        const LanePlan plan = lane_plan(
+            count, {{a.lanes(side, side), SameObject::none}, {b.lanes(side, side), second}}, {d.lanes(side, side)});
+        return for_each_object<ElementOf<D>>(
+            plan, [&](int n) { return SMX_ON_ALL_LANES(n, matrix_product_lanes, plan, from_zero); }, one_by_one);
+    }
+
     // Non-array kernels.
     template <class Tier, class A, class B, class D>
     static SmxStatus run(Tier, const A &a, W1 w1, H1 h1, const B &b, W2 w2, H2 h2, const D &d) {
@@ -145,13 +160,21 @@ struct MatrixProduct {
     // Array kernels.
     template <class Tier, class A, class B, class D>
     static SmxStatus run(Tier, const A &a, W1 w1, H1 h1, const B &b, W2 w2, H2 h2, const D &d, Count count) {
-        return objects<Tier>(a, w1.value, h1.value, b, w2.value, h2.value, d, 0, count.value);
+        const auto one_by_one = [&](int first, int last) {
+            return objects<Tier>(a, w1.value, h1.value, b, w2.value, h2.value, d, first, last);
+        };
+        return in_groups<is_list<Tier>>(a, w1, h1, b, w2, h2, d, count.value, one_by_one);
     }
     // List kernels that call the non-array kernel; its status is not looked at.
     template <class Tier, class Call, class A, class B, class D>
-    static SmxStatus run(Tier, const Inner<Call> &inner, const A &, W1, H1, const B &, W2, H2, const D &, Count count) {
-        for (int n = 0; n < count.value; ++n) inner.call(n);
-        return smxStsNoErr;
+    static SmxStatus run(Tier, const Inner<Call> &inner, const A &a, W1 w1, H1 h1, const B &b, W2 w2, H2 h2,
+                         const D &d, Count count) {
+        const auto one_by_one = [&](int first, int last) {
+            for (int n = first; n < last; ++n) inner.call(n);
+            return SmxStatus{smxStsNoErr};
+        };
+        if (inner.replaced) return one_by_one(0, count.value);
+        return in_groups<false>(a, w1, h1, b, w2, h2, d, count.value, one_by_one);
     }
 };
 

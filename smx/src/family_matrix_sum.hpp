@@ -10,6 +10,7 @@
 #pragma once
 
 #include "frame_module.hpp"
+#include "lanes_matrix_sum.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
@@ -93,6 +94,16 @@ struct MatrixSum {
             each_element(a.object(n, columns_a), b.object(n, columns_b), d.object(n, width), width, height);
     }
 
+    // Whole groups by the lane engine where it has a way, which is the same for every tier: one operation an element.
+    template <class T, class A, class B, class D, class Range>
+    static SmxStatus in_groups(const A &a, const B &b, const D &d, int width, int height, int count, Range one_by_one) {
+        const LanePlan plan = lane_plan(
+            count, {{a.lanes(height, width), SameObject::identical}, {b.lanes(height, width), SameObject::identical}},
+            {d.lanes(height, width)});
+        return for_each_object<T>(
+            plan, [&](int n) { return SMX_ON_ALL_LANES(n, matrix_sum_lanes, plan, Op::minus); }, one_by_one);
+    }
+
     // Non-array kernels.
     template <class Tier, class A, class B, class D>
     static SmxStatus run(Tier tier, const A &a, const B &b, const D &d, Size<Role::width> width,
@@ -107,16 +118,22 @@ struct MatrixSum {
     static SmxStatus run(Tier tier, const A &a, const B &b, const D &d, Size<Role::width> width,
                          Size<Role::height> height, Count count) {
         using T = ElementOf<D>;
-        objects<Tier, T>(tier, a, b, d, width.value, height.value, 0, count.value);
-        return smxStsNoErr;
+        return in_groups<T>(a, b, d, width.value, height.value, count.value, [&](int first, int last) {
+            objects<Tier, T>(tier, a, b, d, width.value, height.value, first, last);
+            return smxStsNoErr;
+        });
     }
 
     // List kernels that call the non-array kernel; its status is not looked at.
     template <class Tier, class Call, class A, class B, class D>
-    static SmxStatus run(Tier, const Inner<Call> &inner, const A &, const B &, const D &, Size<Role::width>,
-                         Size<Role::height>, Count count) {
-        for (int n = 0; n < count.value; ++n) inner.call(n);
-        return smxStsNoErr;
+    static SmxStatus run(Tier, const Inner<Call> &inner, const A &a, const B &b, const D &d, Size<Role::width> width,
+                         Size<Role::height> height, Count count) {
+        const auto one_by_one = [&](int first, int last) {
+            for (int n = first; n < last; ++n) inner.call(n);
+            return smxStsNoErr;
+        };
+        if (inner.replaced) return one_by_one(0, count.value);
+        return in_groups<ElementOf<D>>(a, b, d, width.value, height.value, count.value, one_by_one);
     }
 };
 

@@ -22,20 +22,25 @@ InstructionSet chosen() {
     const InstructionSet limit = widest();
     const char *const name = getenv("SMX_ISA");
     if (name == nullptr) return limit;
-    InstructionSet wanted = limit;
-    if (strcmp(name, "baseline") == 0) wanted = InstructionSet::baseline;
-    if (strcmp(name, "avx2") == 0) wanted = InstructionSet::avx2;
-    return wanted < limit ? wanted : limit;
+    static constexpr struct {
+        const char *name;
+        InstructionSet set;
+    } sets[] = {{"sequential", InstructionSet::sequential},
+                {"baseline", InstructionSet::baseline},
+                {"avx2", InstructionSet::avx2}};
+    for (const auto &set : sets)
+        if (strcmp(name, set.name) == 0 && set.set < limit) return set.set;
+    return limit;
 }
 
-int remembered = 0;
+int remembered = -1;
 
 } // namespace
 
 InstructionSet instruction_set() {
     // Every thread finds the same answer, so it does not matter which one stores it.
     const int known = __atomic_load_n(&remembered, __ATOMIC_RELAXED);
-    if (known != 0) return static_cast<InstructionSet>(known);
+    if (known >= 0) return static_cast<InstructionSet>(known);
     const InstructionSet found = chosen();
     __atomic_store_n(&remembered, static_cast<int>(found), __ATOMIC_RELAXED);
     return found;

@@ -11,10 +11,11 @@
 
 namespace smx {
 
-enum class InstructionSet { baseline = 1, avx2 = 2, avx512 = 3 };
+// `sequential` computes one object after the other.
+enum class InstructionSet { sequential = 0, baseline = 1, avx2 = 2, avx512 = 3 };
 
 // The widest set that the processor and its system support, or a narrower one that the environment variable SMX_ISA
-// names ("baseline", "avx2", "avx512"). Found once, at the first call.
+// names, for tests. Found once, at the first call.
 InstructionSet instruction_set();
 
 // Bytes of one vector register of the chosen set.

@@ -15,7 +15,8 @@ struct LaneOperand {
     std::ptrdiff_t stride0;
     std::ptrdiff_t stride1;
     std::ptrdiff_t stride2;
-    int rows; // of the stored object
+    int element; // its size
+    int rows;    // of the stored object
     int columns;
     Addressing addressing;
     bool transposed; // the algorithm sees (j, i)

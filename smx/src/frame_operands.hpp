@@ -130,6 +130,7 @@ struct Strided : Unchecked {
                 stride0,
                 Rank == 2 ? stride1 : 0,
                 Adjacent ? static_cast<std::ptrdiff_t>(sizeof(T)) : static_cast<std::ptrdiff_t>(stride2),
+                static_cast<int>(sizeof(T)),
                 rows,
                 columns,
                 Addressing::strided,
@@ -162,6 +163,7 @@ struct Pointers : Unchecked {
                 stride0,
                 0,
                 0,
+                static_cast<int>(sizeof(T)),
                 rows,
                 columns,
                 Addressing::pointers,
@@ -194,6 +196,7 @@ struct Listed : Unchecked {
                 0,
                 Rank == 2 ? stride1 : 0,
                 Adjacent ? static_cast<std::ptrdiff_t>(sizeof(T)) : static_cast<std::ptrdiff_t>(stride2),
+                static_cast<int>(sizeof(T)),
                 rows,
                 columns,
                 Addressing::list,
@@ -240,6 +243,12 @@ struct Packed : Unchecked {
     constexpr Packed(T *base_, int step_) : base(base_), step(step_) {}
     constexpr bool null() const { return base == nullptr; }
     T *object(int n) const { return base + static_cast<std::ptrdiff_t>(step) * n; }
+    // As `elements` adjacent elements an object.
+    LaneOperand lanes(int elements) const {
+        constexpr std::ptrdiff_t size = sizeof(T);
+        return {base, nullptr, 0, step * size, 0, size, static_cast<int>(size), 1, elements, Addressing::strided, false,
+                step == 0};
+    }
 };
 
 template <class T>

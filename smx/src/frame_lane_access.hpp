@@ -1,0 +1,347 @@
+// Loads and stores of a group of objects, once for all layouts.
+//
+// A LaneAccess brings the elements of W consecutive objects into packs and back. There are three ways: objects that
+// follow each other element by element (a structure of arrays) are vector loads; rows with adjacent elements are
+// loaded through W row addresses and transposed in registers; everything else goes one element at a time. Nothing
+// outside the described elements is read or written.
+#pragma once
+
+#include "frame_lanes.hpp"
+#include "frame_pack.hpp"
+
+namespace smx {
+inline namespace SMX_ISA {
+
+using Byte = char;
+
+inline const Byte *at(const void *base, std::ptrdiff_t offset) {
+    return reinterpret_cast<const Byte *>(reinterpret_cast<std::uintptr_t>(base) + static_cast<std::uintptr_t>(offset));
+}
+template <class T>
+inline T load_element(const Byte *from) {
+    T value;
+    std::memcpy(&value, from, sizeof value);
+    return value;
+}
+template <class T>
+inline void store_element(const Byte *to, T value) {
+    std::memcpy(const_cast<Byte *>(to), &value, sizeof value);
+}
+
+// ---- chunks: 16 bytes of each of W rows, transposed
+
+template <class T>
+constexpr int chunk_elements = 16 / static_cast<int>(sizeof(T));
+
+#if defined(__SSE2__)
+#if defined(__AVX512F__)
+using Wide = __m512;
+inline Wide unpack_low(Wide a, Wide b) { return _mm512_unpacklo_ps(a, b); }
+inline Wide unpack_high(Wide a, Wide b) { return _mm512_unpackhi_ps(a, b); }
+inline Wide pairs_low(Wide a, Wide b) { return _mm512_shuffle_ps(a, b, 0x44); }
+inline Wide pairs_high(Wide a, Wide b) { return _mm512_shuffle_ps(a, b, 0xee); }
+inline Wide join(const __m128 (&part)[4]) {
+    const __m256 low = _mm256_insertf128_ps(_mm256_castps128_ps256(part[0]), part[1], 1);
+    const __m256 high = _mm256_insertf128_ps(_mm256_castps128_ps256(part[2]), part[3], 1);
+    return _mm512_insertf32x8(_mm512_castps256_ps512(low), high, 1);
+}
+inline void split(Wide x, __m128 (&part)[4]) {
+    part[0] = _mm512_castps512_ps128(x);
+    part[1] = _mm512_extractf32x4_ps(x, 1);
+    part[2] = _mm512_extractf32x4_ps(x, 2);
+    part[3] = _mm512_extractf32x4_ps(x, 3);
+}
+#elif defined(__AVX2__)
+using Wide = __m256;
+inline Wide unpack_low(Wide a, Wide b) { return _mm256_unpacklo_ps(a, b); }
+inline Wide unpack_high(Wide a, Wide b) { return _mm256_unpackhi_ps(a, b); }
+inline Wide pairs_low(Wide a, Wide b) { return _mm256_shuffle_ps(a, b, 0x44); }
+inline Wide pairs_high(Wide a, Wide b) { return _mm256_shuffle_ps(a, b, 0xee); }
+inline Wide join(const __m128 (&part)[2]) {
+    return _mm256_insertf128_ps(_mm256_castps128_ps256(part[0]), part[1], 1);
+}
+inline void split(Wide x, __m128 (&part)[2]) {
+    part[0] = _mm256_castps256_ps128(x);
+    part[1] = _mm256_extractf128_ps(x, 1);
+}
+#else
+using Wide = __m128;
+inline Wide unpack_low(Wide a, Wide b) { return _mm_unpacklo_ps(a, b); }
+inline Wide unpack_high(Wide a, Wide b) { return _mm_unpackhi_ps(a, b); }
+inline Wide pairs_low(Wide a, Wide b) { return _mm_shuffle_ps(a, b, 0x44); }
+inline Wide pairs_high(Wide a, Wide b) { return _mm_shuffle_ps(a, b, 0xee); }
+inline Wide join(const __m128 (&part)[1]) { return part[0]; }
+inline void split(Wide x, __m128 (&part)[1]) { part[0] = x; }
+#endif
+constexpr int chunk_parts = pack_bytes / 16;
+
+// K rows of K elements become K columns, in every 16-byte part of the registers by itself; its own inverse.
+inline void transpose_parts(Wide (&x)[4]) {
+    const Wide a = unpack_low(x[0], x[1]), b = unpack_low(x[2], x[3]);
+    const Wide c = unpack_high(x[0], x[1]), d = unpack_high(x[2], x[3]);
+    x[0] = pairs_low(a, b);
+    x[1] = pairs_high(a, b);
+    x[2] = pairs_low(c, d);
+    x[3] = pairs_high(c, d);
+}
+inline void transpose_parts(Wide (&x)[2]) {
+    const Wide low = pairs_low(x[0], x[1]);
+    x[1] = pairs_high(x[0], x[1]);
+    x[0] = low;
+}
+
+// 16 bytes, or the first C elements of them.
+template <class T, int C>
+inline __m128 load_part(const Byte *from) {
+    __m128 part = _mm_setzero_ps();
+    if constexpr (C == chunk_elements<T>) {
+        part = _mm_loadu_ps(reinterpret_cast<const float *>(from));
+    } else {
+        if constexpr (C * sizeof(T) == 4) part = _mm_set_ss(load_element<float>(from));
+        else part = _mm_castpd_ps(_mm_set_sd(load_element<double>(from)));
+        if constexpr (C * sizeof(T) == 12) part = _mm_movelh_ps(part, _mm_set_ss(load_element<float>(from + 8)));
+    }
+    return part;
+}
+template <class T, int C>
+inline void store_part(const Byte *to, __m128 part) {
+    if constexpr (C == chunk_elements<T>) {
+        _mm_storeu_ps(reinterpret_cast<float *>(const_cast<Byte *>(to)), part);
+    } else {
+        if constexpr (C * sizeof(T) == 4) store_element(to, _mm_cvtss_f32(part));
+        else store_element(to, _mm_cvtsd_f64(_mm_castps_pd(part)));
+        if constexpr (C * sizeof(T) == 12) store_element(to + 8, _mm_cvtss_f32(_mm_movehl_ps(part, part)));
+    }
+}
+
+// C elements at `offset` of each of the W rows.
+template <class T, int C>
+[[gnu::always_inline]] inline void load_chunk(const Byte *const *rows, std::ptrdiff_t offset, Pack<T> *out) {
+    constexpr int K = chunk_elements<T>;
+    Wide x[K];
+#pragma GCC unroll 4
+    for (int k = 0; k < K; ++k) {
+        __m128 part[chunk_parts];
+#pragma GCC unroll 4
+        for (int q = 0; q < chunk_parts; ++q) part[q] = load_part<T, C>(rows[q * K + k] + offset);
+        x[k] = join(part);
+    }
+    transpose_parts(x);
+#pragma GCC unroll 4
+    for (int c = 0; c < C; ++c) out[c] = reinterpret_cast<typename Pack<T>::Vector>(x[c]);
+}
+template <class T, int C>
+[[gnu::always_inline]] inline void store_chunk(const Byte *const *rows, std::ptrdiff_t offset, const Pack<T> *in) {
+    constexpr int K = chunk_elements<T>;
+    Wide x[K];
+#pragma GCC unroll 4
+    for (int k = 0; k < K; ++k) x[k] = reinterpret_cast<Wide>(in[k < C ? k : 0].v);
+    transpose_parts(x);
+#pragma GCC unroll 4
+    for (int k = 0; k < K; ++k) {
+        __m128 part[chunk_parts];
+        split(x[k], part);
+#pragma GCC unroll 4
+        for (int q = 0; q < chunk_parts; ++q) store_part<T, C>(rows[q * K + k] + offset, part[q]);
+    }
+}
+#else
+template <class T, int C>
+inline void load_chunk(const Byte *const *rows, std::ptrdiff_t offset, Pack<T> *out) {
+    for (int c = 0; c < C; ++c)
+        for (int l = 0; l < Pack<T>::width; ++l)
+            out[c].v[l] = load_element<T>(rows[l] + offset + c * static_cast<std::ptrdiff_t>(sizeof(T)));
+}
+template <class T, int C>
+inline void store_chunk(const Byte *const *rows, std::ptrdiff_t offset, const Pack<T> *in) {
+    for (int c = 0; c < C; ++c)
+        for (int l = 0; l < Pack<T>::width; ++l)
+            store_element<T>(rows[l] + offset + c * static_cast<std::ptrdiff_t>(sizeof(T)), in[c].v[l]);
+}
+#endif
+
+// Runs of L adjacent elements. The last chunk of a long run goes back over elements already done rather than past its
+// end.
+template <class T, int L, int first = 0>
+[[gnu::always_inline]] inline void load_run(const Byte *const *rows, std::ptrdiff_t offset, Pack<T> *out) {
+    constexpr int K = chunk_elements<T>;
+    constexpr std::ptrdiff_t size = sizeof(T);
+    if constexpr (first + K <= L) {
+        load_chunk<T, K>(rows, offset + first * size, out + first);
+        load_run<T, L, first + K>(rows, offset, out);
+    } else if constexpr (first < L && L >= K) {
+        load_chunk<T, K>(rows, offset + (L - K) * size, out + L - K);
+    } else if constexpr (first < L) {
+        load_chunk<T, L>(rows, offset, out);
+    }
+}
+template <class T, int L, int first = 0>
+[[gnu::always_inline]] inline void store_run(const Byte *const *rows, std::ptrdiff_t offset, const Pack<T> *in) {
+    constexpr int K = chunk_elements<T>;
+    constexpr std::ptrdiff_t size = sizeof(T);
+    if constexpr (first + K <= L) {
+        store_chunk<T, K>(rows, offset + first * size, in + first);
+        store_run<T, L, first + K>(rows, offset, in);
+    } else if constexpr (first < L && L >= K) {
+        store_chunk<T, K>(rows, offset + (L - K) * size, in + L - K);
+    } else if constexpr (first < L) {
+        store_chunk<T, L>(rows, offset, in);
+    }
+}
+
+// ---- groups of R by C objects (a vector is one row)
+
+template <class T, int R, int C>
+struct LaneAccess {
+    using Num = Pack<T>;
+    static constexpr int W = Num::width;
+    static constexpr std::ptrdiff_t size = sizeof(T);
+    enum class Way { across, rows, elements };
+
+    const LaneOperand &o;
+    Way way;
+    bool dense; // the rows of an object follow each other without a gap
+
+    explicit LaneAccess(const LaneOperand &operand)
+        : o(operand),
+          way(o.addressing != Addressing::list && o.stride0 == size                    ? Way::across
+              : o.addressing != Addressing::pointers && (o.stride2 == size || C == 1) ? Way::rows
+                                                                                      : Way::elements),
+          dense(o.stride1 == C * size || R == 1) {}
+
+    // The address of element (i, j), as stored, of object n.
+    const Byte *address(int n, int i, int j) const {
+        switch (o.addressing) {
+        case Addressing::strided: return at(o.base, (o.single ? 0 : n * o.stride0) + i * o.stride1 + j * o.stride2);
+        case Addressing::list: return at(o.table[n], o.shift + i * o.stride1 + j * o.stride2);
+        case Addressing::pointers: return at(o.table[i * C + j], o.shift + (o.single ? 0 : n * o.stride0));
+        }
+        return nullptr;
+    }
+    void rows_of(int n, const Byte *(&rows)[W]) const {
+        if (o.addressing == Addressing::list)
+            for (int l = 0; l < W; ++l) rows[l] = at(o.table[n + l], o.shift);
+        else
+            for (int l = 0; l < W; ++l) rows[l] = at(o.base, (n + l) * o.stride0);
+    }
+
+    // Objects n .. n + W - 1 as stored, row-major.
+    [[gnu::always_inline]] void load_stored(int n, Num *out) const {
+        if (o.single) {
+            for (int i = 0; i < R; ++i)
+                for (int j = 0; j < C; ++j) out[i * C + j] = Num(load_element<T>(address(0, i, j)));
+        } else if (way == Way::across) {
+            if (o.addressing == Addressing::pointers)
+                for (int e = 0; e < R * C; ++e) out[e] = load_pack<T>(at(o.table[e], o.shift + n * size));
+            else
+                for (int i = 0; i < R; ++i)
+                    for (int j = 0; j < C; ++j)
+                        out[i * C + j] = load_pack<T>(at(o.base, n * size + i * o.stride1 + j * o.stride2));
+        } else if (way == Way::rows) {
+            const Byte *rows[W];
+            rows_of(n, rows);
+            if (dense) load_run<T, R * C>(rows, 0, out);
+            else
+#pragma GCC unroll 6
+                for (int i = 0; i < R; ++i) load_run<T, C>(rows, i * o.stride1, out + i * C);
+        } else {
+            T lanes[W];
+            for (int i = 0; i < R; ++i)
+                for (int j = 0; j < C; ++j) {
+                    for (int l = 0; l < W; ++l) lanes[l] = load_element<T>(address(n + l, i, j));
+                    out[i * C + j] = load_pack<T>(lanes);
+                }
+        }
+    }
+    // The same, as the operation sees them: a transposed operand with its indexes exchanged (square objects only).
+    [[gnu::always_inline]] void load(int n, Num *out) const {
+        load_stored(n, out);
+        if constexpr (R == C)
+            if (o.transposed)
+                for (int i = 0; i < R; ++i)
+                    for (int j = i + 1; j < C; ++j) {
+                        const Num kept = out[i * C + j];
+                        out[i * C + j] = out[j * C + i];
+                        out[j * C + i] = kept;
+                    }
+    }
+    [[gnu::always_inline]] void store(int n, const Num *in) const {
+        if (way == Way::across) {
+            if (o.addressing == Addressing::pointers)
+                for (int e = 0; e < R * C; ++e) store_pack(const_cast<Byte *>(at(o.table[e], o.shift + n * size)), in[e]);
+            else
+                for (int i = 0; i < R; ++i)
+                    for (int j = 0; j < C; ++j)
+                        store_pack(const_cast<Byte *>(at(o.base, n * size + i * o.stride1 + j * o.stride2)), in[i * C + j]);
+        } else if (way == Way::rows) {
+            const Byte *rows[W];
+            rows_of(n, rows);
+            if (dense) store_run<T, R * C>(rows, 0, in);
+            else
+#pragma GCC unroll 6
+                for (int i = 0; i < R; ++i) store_run<T, C>(rows, i * o.stride1, in + i * C);
+        } else {
+            T lanes[W];
+            for (int i = 0; i < R; ++i)
+                for (int j = 0; j < C; ++j) {
+                    store_pack(lanes, in[i * C + j]);
+                    for (int l = 0; l < W; ++l) store_element(address(n + l, i, j), lanes[l]);
+                }
+        }
+    }
+
+    // One row of each object, another one in each lane.
+    [[gnu::always_inline]] void load_rows(int n, const int (&row)[W], Num *out) const {
+        if (way == Way::rows && !o.single) {
+            const Byte *rows[W];
+            rows_of(n, rows);
+            for (int l = 0; l < W; ++l) rows[l] += row[l] * o.stride1;
+            load_run<T, C>(rows, 0, out);
+        } else {
+            T lanes[W];
+            for (int j = 0; j < C; ++j) {
+                for (int l = 0; l < W; ++l) lanes[l] = load_element<T>(address(n + l, row[l], j));
+                out[j] = load_pack<T>(lanes);
+            }
+        }
+    }
+    [[gnu::always_inline]] void store_rows(int n, const int (&row)[W], const Num *in) const {
+        if (way == Way::rows) {
+            const Byte *rows[W];
+            rows_of(n, rows);
+            for (int l = 0; l < W; ++l) rows[l] += row[l] * o.stride1;
+            store_run<T, C>(rows, 0, in);
+        } else {
+            T lanes[W];
+            for (int j = 0; j < C; ++j) {
+                store_pack(lanes, in[j]);
+                for (int l = 0; l < W; ++l) store_element(address(n + l, row[l], j), lanes[l]);
+            }
+        }
+    }
+};
+
+// Objects first .. count - 1 in groups: body(n) computes the group from object n on and says whether it may stand.
+template <class T, class Body>
+[[gnu::always_inline]] inline int each_group(const LanePlan &plan, int first, Body body) {
+    constexpr int W = Pack<T>::width;
+    int n = first;
+    for (; n + W <= plan.count; n += W) {
+        if (plan.verdict == Verdict::by_group && !group_is_safe(plan, n, W)) break;
+        if (!body(n)) break;
+    }
+    return n;
+}
+
+// Calls f(T{}, Side<n>{}) for a plan's element type and a side of 3 to 6; else nothing is done.
+template <class F>
+[[gnu::always_inline]] inline int by_type_and_side(const LanePlan &plan, int element, int side, int first, F f) {
+    int done = first;
+    (void)plan;
+    if (element == sizeof(float)) with_side(side, [&](auto s) { done = f(float{}, s); });
+    else with_side(side, [&](auto s) { done = f(double{}, s); });
+    return done;
+}
+
+} // namespace SMX_ISA
+} // namespace smx

@@ -1,0 +1,110 @@
+// The lane engine, seen from the kernels: when several objects may be computed at once, and the loop that does it.
+//
+// A group of W consecutive objects is loaded, computed with one object a lane, and stored. That is the same as one
+// object after the other only if nobody can tell: no byte that a group stores may be a source byte of another object
+// of the group (a LanePlan finds that out), and what fails is run again one by one.
+#pragma once
+
+#include "frame_lane_operand.hpp"
+#include "frame_operands.hpp"
+#include "smxdefs.h"
+
+namespace smx {
+
+// How the destination and a source of the same object may overlap.
+enum class SameObject {
+    any,       // the sequential kernel reads the object whole before it stores: any overlap
+    identical, // element by element: none, or each element at its own place
+    none
+};
+
+enum class Verdict {
+    never,   // object by object
+    always,  // any group
+    by_group // lists: group_is_safe() must be asked
+};
+
+struct LaneSource {
+    LaneOperand operand;
+    SameObject same_object;
+};
+
+struct LanePlan {
+    LaneSource source[4];
+    LaneOperand result[3];
+    int sources;
+    int results;
+    int count;
+    Verdict verdict;
+};
+
+// Fills in the verdict for the widest group of the chosen instruction set.
+void judge(LanePlan &plan);
+// May the objects first .. first + width - 1 be loaded before any of them is stored?
+bool group_is_safe(const LanePlan &plan, int first, int width);
+
+inline namespace SMX_ISA {
+
+// A plan from a row's operands as LaneOperands: sources with their rule, then results.
+template <int Sources, int Results>
+[[gnu::always_inline]] inline LanePlan lane_plan(int count, const LaneSource (&sources)[Sources],
+                                                 const LaneOperand (&results)[Results]) {
+    LanePlan plan;
+    for (int i = 0; i < Sources; ++i) plan.source[i] = sources[i];
+    for (int i = 0; i < Results; ++i) plan.result[i] = results[i];
+    plan.sources = Sources;
+    plan.results = Results;
+    plan.count = count;
+    judge(plan);
+    return plan;
+}
+
+// Runs `count` objects: groups(n) computes whole groups from object n on and returns the first object that it has not
+// done (a failing or unsafe group, or the remainder); range(first, last) runs objects one by one and returns the first
+// status that is not 0.
+template <class T, class Groups, class Range>
+inline SmxStatus for_each_object(const LanePlan &plan, Groups groups, Range range) {
+    const int width = lane_width<T>();
+    int n = 0;
+    while (n < plan.count) {
+        int last = plan.count;
+        if (plan.verdict != Verdict::never) {
+            const int before = n;
+            n = groups(n);
+            // A group that has failed, or a list's unsafe one; a call without any progress has no lane path at all.
+            const bool one_group = n != before || plan.verdict == Verdict::by_group;
+            if (one_group && plan.count - n > width) last = n + width;
+        }
+        if (n < last)
+            if (const SmxStatus status = range(n, last); status != smxStsNoErr) return status;
+        n = last;
+    }
+    return smxStsNoErr;
+}
+
+// The range of a kernel that stops at its first failing object.
+template <class One>
+inline auto until_failure(One one) {
+    return [one](int first, int last) {
+        SmxStatus status = smxStsNoErr;
+        for (int n = first; n < last && status == smxStsNoErr; ++n) status = one(n);
+        return status;
+    };
+}
+
+} // namespace SMX_ISA
+} // namespace smx
+
+// Calls a lane function of the chosen instruction set and, for the objects that are too few for its width, those of the
+// narrower ones. name(arguments..., first) must return the first object that is not done.
+#ifdef SMX_WIDE_LANES
+#define SMX_ON_ALL_LANES(first, name, ...)                                                                             \
+    [&](int n) {                                                                                                       \
+        const smx::InstructionSet set = smx::instruction_set();                                                        \
+        if (set >= smx::InstructionSet::avx512) n = smx::avx512::name(__VA_ARGS__, n);                                 \
+        if (set >= smx::InstructionSet::avx2) n = smx::avx2::name(__VA_ARGS__, n);                                     \
+        return smx::baseline::name(__VA_ARGS__, n);                                                                    \
+    }(first)
+#else
+#define SMX_ON_ALL_LANES(first, name, ...) smx::baseline::name(__VA_ARGS__, first)
+#endif

@@ -1,0 +1,7 @@
+// Lane functions of the LU families: whole groups from object `first` on, returning the first object not done.
+#pragma once
+
+#include "frame_lanes.hpp"
+
+SMX_DECLARE_LANES(int, lu_decompose_lanes, const LanePlan &plan, int *pivots, int side, int first)
+SMX_DECLARE_LANES(int, lu_solve_lanes, const LanePlan &plan, const int *pivots, int side, int first)

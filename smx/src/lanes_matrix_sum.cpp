@@ -1,0 +1,118 @@
+#include "lanes_matrix_sum.hpp"
+
+#include "frame_lane_access.hpp"
+
+namespace smx {
+inline namespace SMX_ISA {
+
+namespace {
+
+struct Add {
+    template <class V>
+    static V apply(V a, V b) {
+        return a + b;
+    }
+};
+struct Subtract {
+    template <class V>
+    static V apply(V a, V b) {
+        return a - b;
+    }
+};
+
+bool packed(const LaneOperand &o) {
+    return o.addressing == Addressing::strided && !o.transposed && !o.single && o.stride2 == o.element &&
+           o.stride1 == o.columns * o.stride2 && o.stride0 == o.rows * o.stride1;
+}
+
+// Nothing is padded: one flat loop.
+template <class Op, class T>
+int flat(const LanePlan &plan, int first) {
+    const LaneOperand &d = plan.result[0];
+    const std::ptrdiff_t per_object = static_cast<std::ptrdiff_t>(d.rows) * d.columns;
+    const std::ptrdiff_t offset = first * d.stride0;
+    const Byte *const a = at(plan.source[0].operand.base, offset), *const b = at(plan.source[1].operand.base, offset);
+    const Byte *const out = at(d.base, offset);
+    const std::ptrdiff_t end = (plan.count - first) * per_object * static_cast<std::ptrdiff_t>(sizeof(T));
+    std::ptrdiff_t e = 0;
+    for (; e + pack_bytes <= end; e += pack_bytes)
+        store_pack(const_cast<Byte *>(out + e), Pack<T>(Op::apply(load_pack<T>(a + e), load_pack<T>(b + e))));
+    for (; e < end; e += static_cast<std::ptrdiff_t>(sizeof(T)))
+        store_element(out + e, Op::apply(load_element<T>(a + e), load_element<T>(b + e)));
+    return plan.count;
+}
+
+// L adjacent elements in the widest vectors that fit, the last one going back over elements that are done already; all
+// of them are read before the first store.
+template <class Op, class T, int L>
+[[gnu::always_inline]] inline void run(const Byte *a, const Byte *b, const Byte *d) {
+    constexpr int size = sizeof(T), bytes = L * size;
+    constexpr int wide = bytes >= pack_bytes ? pack_bytes : bytes >= 32 && pack_bytes > 32 ? 32 : bytes >= 16 ? 16 : size;
+    constexpr int vectors = (bytes + wide - 1) / wide;
+    typedef T V __attribute__((vector_size(wide)));
+    V sum[vectors];
+#pragma GCC unroll 40
+    for (int k = 0; k < vectors; ++k) {
+        const int offset = k == vectors - 1 ? bytes - wide : k * wide;
+        V x, y;
+        std::memcpy(&x, a + offset, wide);
+        std::memcpy(&y, b + offset, wide);
+        sum[k] = Op::apply(x, y);
+    }
+#pragma GCC unroll 40
+    for (int k = 0; k < vectors; ++k) {
+        const int offset = k == vectors - 1 ? bytes - wide : k * wide;
+        std::memcpy(const_cast<Byte *>(d + offset), &sum[k], wide);
+    }
+}
+
+template <class Op, class T, int N>
+int square(const LanePlan &plan, int first) {
+    using Access = LaneAccess<T, N, N>;
+    const Access a(plan.source[0].operand), b(plan.source[1].operand), d(plan.result[0]);
+    const auto by_rows = [](const Access &x) {
+        return (x.way == Access::Way::rows || (x.o.single && x.o.addressing == Addressing::strided && x.o.stride2 == Access::size)) &&
+               !x.o.transposed;
+    };
+    if (by_rows(a) && by_rows(b) && by_rows(d)) {
+        const bool dense = a.dense && b.dense && d.dense;
+        return each_group<T>(plan, first, [&](int n) {
+            for (int l = n; l < n + Access::W; ++l) {
+                const Byte *const x = a.address(l, 0, 0), *const y = b.address(l, 0, 0), *const z = d.address(l, 0, 0);
+                if (dense) run<Op, T, N * N>(x, y, z);
+                else
+                    for (int i = 0; i < N; ++i)
+                        run<Op, T, N>(x + i * a.o.stride1, y + i * b.o.stride1, z + i * d.o.stride1);
+            }
+            return true;
+        });
+    }
+    return each_group<T>(plan, first, [&](int n) {
+        Pack<T> x[N * N], y[N * N];
+        a.load(n, x);
+        b.load(n, y);
+        for (int e = 0; e < N * N; ++e) x[e] = Op::apply(x[e], y[e]);
+        d.store(n, x);
+        return true;
+    });
+}
+
+template <class Op>
+int sum(const LanePlan &plan, int first) {
+    const LaneOperand &d = plan.result[0];
+    if (packed(plan.source[0].operand) && packed(plan.source[1].operand) && packed(d))
+        return d.element == sizeof(float) ? flat<Op, float>(plan, first) : flat<Op, double>(plan, first);
+    if (d.rows != d.columns) return first;
+    return by_type_and_side(plan, d.element, d.rows, first, [&](auto zero, auto side) {
+        return square<Op, decltype(zero), decltype(side)::value>(plan, first);
+    });
+}
+
+} // namespace
+
+int matrix_sum_lanes(const LanePlan &plan, bool minus, int first) {
+    return minus ? sum<Subtract>(plan, first) : sum<Add>(plan, first);
+}
+
+} // namespace SMX_ISA
+} // namespace smx
