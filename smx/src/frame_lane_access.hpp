@@ -218,11 +218,15 @@ struct LaneAccess {
         }
         return nullptr;
     }
-    void rows_of(int n, const Byte *(&rows)[W]) const {
-        if (o.addressing == Addressing::list)
+    // Where the objects of a group start (strided or list).
+    [[gnu::always_inline]] void rows_of(int n, const Byte *(&rows)[W]) const {
+        if (o.addressing == Addressing::list) {
             for (int l = 0; l < W; ++l) rows[l] = at(o.table[n + l], o.shift);
-        else
-            for (int l = 0; l < W; ++l) rows[l] = at(o.base, (n + l) * o.stride0);
+        } else {
+            const std::ptrdiff_t step = o.single ? 0 : o.stride0;
+            rows[0] = at(o.base, n * step);
+            for (int l = 1; l < W; ++l) rows[l] = at(rows[l - 1], step);
+        }
     }
 
     // Objects n .. n + W - 1 as stored, row-major.
@@ -287,36 +291,6 @@ struct LaneAccess {
                     store_pack(lanes, in[i * C + j]);
                     for (int l = 0; l < W; ++l) store_element(address(n + l, i, j), lanes[l]);
                 }
-        }
-    }
-
-    // One row of each object, another one in each lane.
-    [[gnu::always_inline]] void load_rows(int n, const int (&row)[W], Num *out) const {
-        if (way == Way::rows && !o.single) {
-            const Byte *rows[W];
-            rows_of(n, rows);
-            for (int l = 0; l < W; ++l) rows[l] += row[l] * o.stride1;
-            load_run<T, C>(rows, 0, out);
-        } else {
-            T lanes[W];
-            for (int j = 0; j < C; ++j) {
-                for (int l = 0; l < W; ++l) lanes[l] = load_element<T>(address(n + l, row[l], j));
-                out[j] = load_pack<T>(lanes);
-            }
-        }
-    }
-    [[gnu::always_inline]] void store_rows(int n, const int (&row)[W], const Num *in) const {
-        if (way == Way::rows) {
-            const Byte *rows[W];
-            rows_of(n, rows);
-            for (int l = 0; l < W; ++l) rows[l] += row[l] * o.stride1;
-            store_run<T, C>(rows, 0, in);
-        } else {
-            T lanes[W];
-            for (int j = 0; j < C; ++j) {
-                store_pack(lanes, in[j]);
-                for (int l = 0; l < W; ++l) store_element(address(n + l, row[l], j), lanes[l]);
-            }
         }
     }
 };

@@ -97,12 +97,69 @@ bool fine_in_place(const LaneSource &source, const LaneOperand &d) {
 }
 
 // Do different objects of a result stay out of each other's way within a group?
-Verdict result_alone(const LaneOperand &d, int width) {
-    if (d.addressing == Addressing::list) return Verdict::by_group;
+Verdict result_alone(const LaneOperand &d, int width, int count) {
+    if (d.addressing == Addressing::list) return list_ascends(d, count) ? Verdict::always : Verdict::by_group;
     const Footprint f = footprint(d);
     if (f.stride0 >= f.extent) return Verdict::always;
     if (f.stride0 == d.element) return lane_rows_apart(d, d, width, false) ? Verdict::always : Verdict::never;
     return Verdict::never;
+}
+
+Address object_address(const LaneOperand &o, int n) {
+    if (o.addressing == Addressing::list) return entry(o, n);
+    return reinterpret_cast<Address>(o.base) + (o.single ? 0 : n * o.stride0);
+}
+
+// Source and result objects of a whole call, at least one of them a list. Settles the usual cases in one pass: all
+// sources away from all results, both in ascending order side by side, or in place.
+template <class AddressOfSource, class AddressOfResult>
+bool lists_are_safe(AddressOfSource s, ptrdiff_t extent_s, AddressOfResult d, ptrdiff_t extent_d, bool in_place_fine,
+                    int count) {
+    Address low_s = s(0), high_s = low_s, low_d = d(0), high_d = low_d;
+    bool source_first = true, result_first = true, same = true;
+    Address before_s = low_s - extent_s, before_d = low_d - extent_d;
+    for (int n = 0; n < count; ++n) {
+        const Address at_s = s(n), at_d = d(n);
+        low_s = at_s < low_s ? at_s : low_s;
+        high_s = at_s > high_s ? at_s : high_s;
+        low_d = at_d < low_d ? at_d : low_d;
+        high_d = at_d > high_d ? at_d : high_d;
+        source_first &= (n == 0 || at_s - before_d >= extent_d) & (at_d - at_s >= extent_s);
+        result_first &= (n == 0 || at_d - before_s >= extent_s) & (at_s - at_d >= extent_d);
+        same &= at_s == at_d;
+        before_s = at_s;
+        before_d = at_d;
+    }
+    return high_s + extent_s <= low_d || high_d + extent_d <= low_s || source_first || result_first ||
+           (same && in_place_fine);
+}
+
+bool list_pair_is_safe(const LaneOperand &s, const LaneOperand &d, bool in_place_fine, int count) {
+    const auto in_list = [](const LaneOperand &o) {
+        return [table = o.table, shift = o.shift](int n) { return reinterpret_cast<Address>(table[n]) + shift; };
+    };
+    const auto in_steps = [](const LaneOperand &o) {
+        return [base = reinterpret_cast<Address>(o.base), step = o.single ? 0 : o.stride0](int n) { return base + n * step; };
+    };
+    const ptrdiff_t extent_s = strided_extent(s), extent_d = strided_extent(d);
+    if (s.addressing == Addressing::pointers || d.addressing == Addressing::pointers) return false;
+    if (s.addressing != Addressing::list)
+        return lists_are_safe(in_steps(s), extent_s, in_list(d), extent_d, in_place_fine, count);
+    if (d.addressing != Addressing::list)
+        return lists_are_safe(in_list(s), extent_s, in_steps(d), extent_d, in_place_fine, count);
+    return lists_are_safe(in_list(s), extent_s, in_list(d), extent_d, in_place_fine, count);
+}
+
+bool list_ascends(const LaneOperand &d, int count) {
+    const ptrdiff_t extent = strided_extent(d);
+    bool ascends = true;
+    Address before = entry(d, 0);
+    for (int n = 1; n < count; ++n) {
+        const Address at = entry(d, n);
+        ascends &= at - before >= extent;
+        before = at;
+    }
+    return ascends;
 }
 
 ptrdiff_t floor_divide(ptrdiff_t a, ptrdiff_t b) {
@@ -111,7 +168,8 @@ ptrdiff_t floor_divide(ptrdiff_t a, ptrdiff_t b) {
 
 Verdict pair(const LaneSource &source, const LaneOperand &d, int width, int count) {
     const LaneOperand &s = source.operand;
-    if (s.addressing == Addressing::list || d.addressing == Addressing::list) return Verdict::by_group;
+    if (s.addressing == Addressing::list || d.addressing == Addressing::list)
+        return list_pair_is_safe(s, d, fine_in_place(source, d), count) ? Verdict::always : Verdict::by_group;
     const Footprint fs = footprint(s), fd = footprint(d);
     const ptrdiff_t span_s = fs.extent + (count - 1) * fs.stride0, span_d = fd.extent + (count - 1) * fd.stride0;
     if (apart(fs.low, span_s, fd.low, span_d)) return Verdict::always;
@@ -127,11 +185,6 @@ Verdict pair(const LaneSource &source, const LaneOperand &d, int width, int coun
     if (fd.stride0 == d.element && s.element == d.element)
         return lane_rows_apart(s, d, width, fine_in_place(source, d)) ? Verdict::always : Verdict::never;
     return Verdict::never;
-}
-
-Address object_address(const LaneOperand &o, int n) {
-    if (o.addressing == Addressing::list) return entry(o, n);
-    return reinterpret_cast<Address>(o.base) + (o.single ? 0 : n * o.stride0);
 }
 
 } // namespace
@@ -150,7 +203,7 @@ void judge(LanePlan &plan) {
         else if (found == Verdict::by_group) verdict = Verdict::by_group;
     };
     for (int i = 0; i < plan.results && verdict != Verdict::never; ++i) {
-        note(result_alone(plan.result[i], width));
+        note(result_alone(plan.result[i], width, plan.count));
         for (int j = 0; j < plan.sources && verdict != Verdict::never; ++j)
             note(pair(plan.source[j], plan.result[i], width, plan.count));
         // Two results of one call must not meet at all.

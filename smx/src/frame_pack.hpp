@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 #if defined(__SSE2__)
 #include <immintrin.h>
@@ -38,7 +39,24 @@ struct VectorOf<double> {
     static constexpr std::int64_t magnitude_bits = 0x7fffffffffffffff;
 };
 
-// All bits set in the lanes for which a comparison holds.
+// The lanes for which a comparison holds: a mask register where the set has them, else all bits of the lane.
+#if defined(__AVX512F__)
+template <class T>
+struct Mask {
+    using Bits = std::conditional_t<sizeof(T) == 4, __mmask16, __mmask8>;
+    Bits bits;
+    Mask() = default;
+    explicit Mask(bool all) : bits(static_cast<Bits>(all ? ~0 : 0)) {}
+    static Mask of(unsigned bits) {
+        Mask m;
+        m.bits = static_cast<Bits>(bits);
+        return m;
+    }
+    friend Mask operator&(Mask a, Mask b) { return of(a.bits & b.bits); }
+    friend Mask operator|(Mask a, Mask b) { return of(a.bits | b.bits); }
+    friend Mask operator!(Mask a) { return of(~static_cast<unsigned>(a.bits)); }
+};
+#else
 template <class T>
 struct Mask {
     typename VectorOf<T>::Integers bits;
@@ -49,6 +67,7 @@ struct Mask {
     friend Mask operator|(Mask a, Mask b) { return a.bits | b.bits; }
     friend Mask operator!(Mask a) { return ~a.bits; }
 };
+#endif
 
 template <class T>
 struct Pack {
@@ -67,12 +86,6 @@ struct Pack {
     Pack &operator+=(Pack b) { return *this = *this + b; }
     Pack &operator-=(Pack b) { return *this = *this - b; }
     Pack &operator*=(Pack b) { return *this = *this * b; }
-    friend Mask<T> operator<(Pack a, Pack b) { return Mask<T>(a.v < b.v); }
-    friend Mask<T> operator>(Pack a, Pack b) { return Mask<T>(a.v > b.v); }
-    friend Mask<T> operator<=(Pack a, Pack b) { return Mask<T>(a.v <= b.v); }
-    friend Mask<T> operator>=(Pack a, Pack b) { return Mask<T>(a.v >= b.v); }
-    friend Mask<T> operator==(Pack a, Pack b) { return Mask<T>(a.v == b.v); }
-    friend Mask<T> operator!=(Pack a, Pack b) { return Mask<T>(a.v != b.v); }
 };
 
 template <class T>
@@ -82,9 +95,67 @@ struct NumberTraits<Pack<T>> {
     using Mask = smx::Mask<T>;
 };
 
+#if defined(__AVX512F__)
+template <int comparison>
+inline Mask<float> compare(Pack<float> a, Pack<float> b) {
+    return Mask<float>::of(_mm512_cmp_ps_mask(reinterpret_cast<__m512>(a.v), reinterpret_cast<__m512>(b.v), comparison));
+}
+template <int comparison>
+inline Mask<double> compare(Pack<double> a, Pack<double> b) {
+    return Mask<double>::of(
+        _mm512_cmp_pd_mask(reinterpret_cast<__m512d>(a.v), reinterpret_cast<__m512d>(b.v), comparison));
+}
+#define SMX_PACK_COMPARISON(sign, comparison)                                                                          \
+    template <class T>                                                                                                 \
+    inline Mask<T> operator sign(Pack<T> a, Pack<T> b) {                                                               \
+        return compare<comparison>(a, b);                                                                              \
+    }
+inline Pack<float> select(Mask<float> mask, Pack<float> yes, Pack<float> no) {
+    return reinterpret_cast<Pack<float>::Vector>(
+        _mm512_mask_blend_ps(mask.bits, reinterpret_cast<__m512>(no.v), reinterpret_cast<__m512>(yes.v)));
+}
+inline Pack<double> select(Mask<double> mask, Pack<double> yes, Pack<double> no) {
+    return reinterpret_cast<Pack<double>::Vector>(
+        _mm512_mask_blend_pd(mask.bits, reinterpret_cast<__m512d>(no.v), reinterpret_cast<__m512d>(yes.v)));
+}
+#else
+#define SMX_PACK_COMPARISON(sign, comparison)                                                                          \
+    template <class T>                                                                                                 \
+    inline Mask<T> operator sign(Pack<T> a, Pack<T> b) {                                                               \
+        return Mask<T>(a.v sign b.v);                                                                                  \
+    }
 template <class T>
 inline Pack<T> select(Mask<T> mask, Pack<T> yes, Pack<T> no) {
     return mask.bits ? yes.v : no.v;
+}
+#endif
+SMX_PACK_COMPARISON(<, _CMP_LT_OQ)
+SMX_PACK_COMPARISON(>, _CMP_GT_OQ)
+SMX_PACK_COMPARISON(<=, _CMP_LE_OQ)
+SMX_PACK_COMPARISON(>=, _CMP_GE_OQ)
+SMX_PACK_COMPARISON(==, _CMP_EQ_OQ)
+SMX_PACK_COMPARISON(!=, _CMP_NEQ_UQ)
+#undef SMX_PACK_COMPARISON
+// Comparisons with one number for all lanes.
+template <class T>
+inline Mask<T> operator==(Pack<T> a, T b) {
+    return a == Pack<T>(b);
+}
+template <class T>
+inline Mask<T> operator>=(Pack<T> a, T b) {
+    return a >= Pack<T>(b);
+}
+template <class T>
+inline Mask<T> operator>(Pack<T> a, T b) {
+    return a > Pack<T>(b);
+}
+template <class T>
+inline Mask<T> operator<=(Pack<T> a, T b) {
+    return a <= Pack<T>(b);
+}
+template <class T>
+inline Mask<T> operator<(Pack<T> a, T b) {
+    return a < Pack<T>(b);
 }
 template <class T>
 inline Mask<T> select(Mask<T> mask, Mask<T> yes, Mask<T> no) {
@@ -105,10 +176,10 @@ inline Pack<double> square_root(Pack<double> x) {
     return reinterpret_cast<Pack<double>::Vector>(_mm512_sqrt_pd(reinterpret_cast<__m512d>(x.v)));
 }
 inline bool any(Mask<float> m) {
-    return _mm512_movepi32_mask(reinterpret_cast<__m512i>(m.bits)) != 0;
+    return m.bits != 0;
 }
 inline bool any(Mask<double> m) {
-    return _mm512_movepi64_mask(reinterpret_cast<__m512i>(m.bits)) != 0;
+    return m.bits != 0;
 }
 #elif defined(__AVX2__)
 inline Pack<float> square_root(Pack<float> x) {

@@ -8,10 +8,69 @@ inline namespace SMX_ISA {
 
 namespace {
 
+// Rows are exchanged by selects: an address a lane would cost more.
+template <int N, class Num>
+[[gnu::always_inline]] inline void to_physical_order(const Num (&physical)[N], const Num (&row)[N][N], Num (&out)[N][N]) {
+    using T = ElementOfNumber<Num>;
+#pragma GCC unroll 6
+    for (int r = 0; r < N; ++r) {
+#pragma GCC unroll 6
+        for (int j = 0; j < N; ++j) out[r][j] = row[0][j];
+#pragma GCC unroll 6
+        for (int i = 1; i < N; ++i) {
+            const auto here = physical[i] == static_cast<T>(r);
+#pragma GCC unroll 6
+            for (int j = 0; j < N; ++j) out[r][j] = select(here, row[i][j], out[r][j]);
+        }
+    }
+}
+template <int N, int C, class Num>
+[[gnu::always_inline]] inline void to_logical_order(const Num (&physical)[N], const Num (&stored)[N][C], Num (&out)[N][C]) {
+    using T = ElementOfNumber<Num>;
+#pragma GCC unroll 6
+    for (int i = 0; i < N; ++i) {
+#pragma GCC unroll 6
+        for (int j = 0; j < C; ++j) out[i][j] = stored[0][j];
+#pragma GCC unroll 6
+        for (int r = 1; r < N; ++r) {
+            const auto here = physical[i] == static_cast<T>(r);
+#pragma GCC unroll 6
+            for (int j = 0; j < C; ++j) out[i][j] = select(here, stored[r][j], out[i][j]);
+        }
+    }
+}
+
+// The pivot indexes of a group, N packed integers an object.
+template <class T, int N>
+[[gnu::always_inline]] inline void store_pivots(int *pivots, const Pack<T> (&physical)[N]) {
+    constexpr int W = Pack<T>::width;
+    typedef int Ints __attribute__((vector_size(W * sizeof(int))));
+#pragma GCC unroll 6
+    for (int i = 0; i < N; ++i) {
+        const Ints row = __builtin_convertvector(physical[i].v, Ints);
+        for (int l = 0; l < W; ++l) pivots[l * N + i] = row[l];
+    }
+}
+template <class T, int N>
+[[gnu::always_inline]] inline bool load_pivots(const int *pivots, Pack<T> (&physical)[N]) {
+    constexpr int W = Pack<T>::width;
+    typedef int Ints __attribute__((vector_size(W * sizeof(int))));
+    Mask<T> bad(false);
+#pragma GCC unroll 6
+    for (int i = 0; i < N; ++i) {
+        int row[W];
+        for (int l = 0; l < W; ++l) row[l] = pivots[l * N + i];
+        Ints v;
+        std::memcpy(&v, row, sizeof v);
+        physical[i] = __builtin_convertvector(v, typename Pack<T>::Vector);
+        bad = bad | physical[i] < T(0) | physical[i] > T(N - 1);
+    }
+    return !any(bad);
+}
+
 template <class T, int N>
 int decompose(const LanePlan &plan, int *pivots, int first) {
     using Num = Pack<T>;
-    constexpr int W = Num::width;
     const LaneAccess<T, N, N> src(plan.source[0].operand), dst(plan.result[0]);
     return each_group<T>(plan, first, [&](int n) {
         LUFactors<Num, N> factors;
@@ -19,15 +78,10 @@ int decompose(const LanePlan &plan, int *pivots, int first) {
         src.load(n, &factors.row[0][0]);
         factors.decompose(failure);
         if (failure.any()) return false;
-        int row[W];
-#pragma GCC unroll 6
-        for (int i = 0; i < N; ++i) {
-            T physical[W];
-            store_pack(physical, factors.physical[i]);
-            for (int l = 0; l < W; ++l) row[l] = static_cast<int>(physical[l]);
-            for (int l = 0; l < W; ++l) pivots[static_cast<std::ptrdiff_t>(n + l) * N + i] = row[l];
-            dst.store_rows(n, row, factors.row[i]);
-        }
+        Num out[N][N];
+        to_physical_order(factors.physical, factors.row, out);
+        dst.store(n, &out[0][0]);
+        store_pivots<T, N>(pivots + static_cast<std::ptrdiff_t>(n) * N, factors.physical);
         return true;
     });
 }
@@ -57,21 +111,18 @@ int solve_one_matrix(const LanePlan &plan, const int *pivots, int first) {
 template <class T, int N>
 int solve(const LanePlan &plan, const int *pivots, int first) {
     using Num = Pack<T>;
-    constexpr int W = Num::width;
     if (plan.source[0].operand.single) return solve_one_matrix<T, N>(plan, pivots, first);
     const LaneAccess<T, N, N> matrix(plan.source[0].operand);
     const LaneAccess<T, 1, N> rhs(plan.source[1].operand), dst(plan.result[0]);
     return each_group<T>(plan, first, [&](int n) {
-        Num f[N][N], b[N], x[N];
-        int row[W];
-        T right[W];
-        for (int i = 0; i < N; ++i) {
-            for (int l = 0; l < W; ++l) row[l] = pivots[static_cast<std::ptrdiff_t>(n + l) * N + i];
-            matrix.load_rows(n, row, f[i]);
-            for (int l = 0; l < W; ++l) right[l] = load_element<T>(rhs.address(n + l, 0, row[l]));
-            b[i] = load_pack<T>(right);
-        }
-        lu_solve(f, b, x, [&](Num value, int i) { return value / f[i][i]; });
+        Num physical[N], stored[N][N], f[N][N], right[N][1], b[N][1], x[N];
+        // An index that leaves its object reads what lies there: the sequential kernel does that.
+        if (!load_pivots<T, N>(pivots + static_cast<std::ptrdiff_t>(n) * N, physical)) return false;
+        matrix.load(n, &stored[0][0]);
+        rhs.load(n, &right[0][0]);
+        to_logical_order(physical, stored, f);
+        to_logical_order(physical, right, b);
+        lu_solve(f, reinterpret_cast<const Num(&)[N]>(b), x, [&](Num value, int i) { return value / f[i][i]; });
         dst.store(n, x);
         return true;
     });

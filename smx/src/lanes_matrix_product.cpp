@@ -114,9 +114,13 @@ int product(const LanePlan &plan, int first) {
         Row<T, N> second[N] = {};
         if (b.o.single) read_rows<T, N>(b.address(0, 0, 0), b.o.stride1, second);
         return each_group<T>(plan, first, [&](int n) {
-            for (int l = n; l < n + Access::W; ++l) {
-                if (!b.o.single) read_rows<T, N>(b.address(l, 0, 0), b.o.stride1, second);
-                rows_product<T, N, from_zero>(a.address(l, 0, 0), a_row, a_column, second, d.address(l, 0, 0), d.o.stride1);
+            const Byte *x[Access::W], *y[Access::W], *z[Access::W];
+            a.rows_of(n, x);
+            b.rows_of(n, y);
+            d.rows_of(n, z);
+            for (int l = 0; l < Access::W; ++l) {
+                if (!b.o.single) read_rows<T, N>(y[l], b.o.stride1, second);
+                rows_product<T, N, from_zero>(x[l], a_row, a_column, second, z[l], d.o.stride1);
             }
             return true;
         });

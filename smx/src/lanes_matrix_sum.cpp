@@ -77,13 +77,17 @@ int square(const LanePlan &plan, int first) {
     if (by_rows(a) && by_rows(b) && by_rows(d)) {
         const bool dense = a.dense && b.dense && d.dense;
         return each_group<T>(plan, first, [&](int n) {
-            for (int l = n; l < n + Access::W; ++l) {
-                const Byte *const x = a.address(l, 0, 0), *const y = b.address(l, 0, 0), *const z = d.address(l, 0, 0);
-                if (dense) run<Op, T, N * N>(x, y, z);
-                else
+            const Byte *x[Access::W], *y[Access::W], *z[Access::W];
+            a.rows_of(n, x);
+            b.rows_of(n, y);
+            d.rows_of(n, z);
+            if (dense)
+                for (int l = 0; l < Access::W; ++l) run<Op, T, N * N>(x[l], y[l], z[l]);
+            else
+                for (int l = 0; l < Access::W; ++l)
+#pragma GCC unroll 6
                     for (int i = 0; i < N; ++i)
-                        run<Op, T, N>(x + i * a.o.stride1, y + i * b.o.stride1, z + i * d.o.stride1);
-            }
+                        run<Op, T, N>(x[l] + i * a.o.stride1, y[l] + i * b.o.stride1, z[l] + i * d.o.stride1);
             return true;
         });
     }
