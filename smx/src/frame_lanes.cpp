@@ -96,15 +96,6 @@ bool fine_in_place(const LaneSource &source, const LaneOperand &d) {
            (source.same_object == SameObject::identical && same_addresses(source.operand, d) && elements_apart(d));
 }
 
-// Do different objects of a result stay out of each other's way within a group?
-Verdict result_alone(const LaneOperand &d, int width, int count) {
-    if (d.addressing == Addressing::list) return list_ascends(d, count) ? Verdict::always : Verdict::by_group;
-    const Footprint f = footprint(d);
-    if (f.stride0 >= f.extent) return Verdict::always;
-    if (f.stride0 == d.element) return lane_rows_apart(d, d, width, false) ? Verdict::always : Verdict::never;
-    return Verdict::never;
-}
-
 Address object_address(const LaneOperand &o, int n) {
     if (o.addressing == Addressing::list) return entry(o, n);
     return reinterpret_cast<Address>(o.base) + (o.single ? 0 : n * o.stride0);
@@ -160,6 +151,15 @@ bool list_ascends(const LaneOperand &d, int count) {
         before = at;
     }
     return ascends;
+}
+
+// Do different objects of a result stay out of each other's way within a group?
+Verdict result_alone(const LaneOperand &d, int width, int count) {
+    if (d.addressing == Addressing::list) return list_ascends(d, count) ? Verdict::always : Verdict::by_group;
+    const Footprint f = footprint(d);
+    if (f.stride0 >= f.extent) return Verdict::always;
+    if (f.stride0 == d.element) return lane_rows_apart(d, d, width, false) ? Verdict::always : Verdict::never;
+    return Verdict::never;
 }
 
 ptrdiff_t floor_divide(ptrdiff_t a, ptrdiff_t b) {
