@@ -12,7 +12,9 @@
 extern "C" {
 #endif
 
-/* 0 is success, a negative value a failure. */
+/* What every function but the version query returns: 0 is success, a negative value a failure. A bad argument is
+ * reported before anything is written. The other failures come from the computation; the function's own comment says
+ * what has been written by then. */
 typedef int SmxStatus;
 
 enum {
@@ -31,17 +33,17 @@ enum {
 };
 
 typedef struct SmxLibraryVersion {
-    int versionMajor;
-    int versionMinor;
-    int buildMajor;
-    int buildMinor;
-    char targetCode[4];
-    const char *libraryName;
-    const char *versionText;
-    const char *buildDateText;
+    int versionMajor;          /* 5 */
+    int versionMinor;          /* 2 */
+    int buildMajor;            /* 108 */
+    int buildMinor;            /* 345 */
+    char targetCode[4];        /* "px" and two zero bytes: the generic target */
+    const char *libraryName;   /* "libsmxpx.so.5.2" */
+    const char *versionText;   /* "5.2" */
+    const char *buildDateText; /* "Jul 11 2007" */
 } SmxLibraryVersion;
 
-/* The one constant version record. It cannot fail; the caller never frees the record. */
+/* The one constant version record, the same pointer on every call. It cannot fail, and is never freed. */
 SMX_API const SmxLibraryVersion *smxGetLibVersion(void);
 
 #ifdef __cplusplus
