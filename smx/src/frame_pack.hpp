@@ -30,12 +30,14 @@ template <>
 struct VectorOf<float> {
     typedef float Vector __attribute__((vector_size(pack_bytes)));
     typedef std::int32_t Integers __attribute__((vector_size(pack_bytes)));
+    typedef std::int32_t Indexes __attribute__((vector_size(pack_bytes))); // one 32-bit integer a lane
     static constexpr std::int32_t magnitude_bits = 0x7fffffff;
 };
 template <>
 struct VectorOf<double> {
     typedef double Vector __attribute__((vector_size(pack_bytes)));
     typedef std::int64_t Integers __attribute__((vector_size(pack_bytes)));
+    typedef std::int32_t Indexes __attribute__((vector_size(pack_bytes / 2)));
     static constexpr std::int64_t magnitude_bits = 0x7fffffffffffffff;
 };
 

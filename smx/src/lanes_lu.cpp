@@ -44,7 +44,7 @@ template <int N, int C, class Num>
 template <class T, int N>
 [[gnu::always_inline]] inline void store_pivots(int *pivots, const Pack<T> (&physical)[N]) {
     constexpr int W = Pack<T>::width;
-    typedef int Ints __attribute__((vector_size(W * sizeof(int))));
+    using Ints = typename VectorOf<T>::Indexes;
 #pragma GCC unroll 6
     for (int i = 0; i < N; ++i) {
         const Ints row = __builtin_convertvector(physical[i].v, Ints);
@@ -54,7 +54,7 @@ template <class T, int N>
 template <class T, int N>
 [[gnu::always_inline]] inline bool load_pivots(const int *pivots, Pack<T> (&physical)[N]) {
     constexpr int W = Pack<T>::width;
-    typedef int Ints __attribute__((vector_size(W * sizeof(int))));
+    using Ints = typename VectorOf<T>::Indexes;
     Mask<T> bad(false);
 #pragma GCC unroll 6
     for (int i = 0; i < N; ++i) {
@@ -63,7 +63,7 @@ template <class T, int N>
         Ints v;
         std::memcpy(&v, row, sizeof v);
         physical[i] = __builtin_convertvector(v, typename Pack<T>::Vector);
-        bad = bad | physical[i] < T(0) | physical[i] > T(N - 1);
+        bad = bad | (physical[i] < T(0)) | (physical[i] > T(N - 1));
     }
     return !any(bad);
 }
