@@ -84,7 +84,8 @@ struct LUDecomposition {
                     const LanePlan plan = lane_plan(count, {{src.lanes(N, N), SameObject::any}},
                                                     {dst.lanes(N, N), pivots.lanes(N)});
                     status = for_each_object<ElementOf<D>>(
-                        plan, [&](int n) { return SMX_ON_ALL_LANES(n, lu_decompose_lanes, plan, pivots.base, N); }, until_failure(one));
+                        plan, [&](int n) { return SMX_ON_ALL_LANES(n, lu_decompose_lanes, plan, pivots.base, N); },
+                        until_failure(one));
                 }
             }))
             return status;
@@ -156,9 +157,23 @@ struct LUBackSubstitution {
                 T reciprocal[N];
                 if (by_reciprocals)
                     for (int i = 0; i < N; ++i) reciprocal[i] = T(1) / matrix.object(0, N)(pivots.object(0)[i], i);
-                for (int n = 0; n < count; ++n)
+                const auto one = [&](int n) {
                     local<N, T>(matrix.object(n, N), pivots.object(n), rhs.object(n), dst.object(n),
                                 by_reciprocals ? reciprocal : nullptr);
+                    return SmxStatus{smxStsNoErr};
+                };
+                if constexpr (is_single<X>) {
+                    one(0);
+                } else {
+                    const LanePlan plan = lane_plan(count,
+                                                    {{matrix.lanes(N, N), SameObject::any},
+                                                     {rhs.lanes(1, N), SameObject::any},
+                                                     {pivots.lanes(N), SameObject::any}},
+                                                    {dst.lanes(1, N)});
+                    for_each_object<T>(
+                        plan, [&](int n) { return SMX_ON_ALL_LANES(n, lu_solve_lanes, plan, pivots.base, N); },
+                        until_failure(one));
+                }
             }))
             return smxStsNoErr;
         for (int n = 0; n < count; ++n)

@@ -101,61 +101,49 @@ Address object_address(const LaneOperand &o, int n) {
     return reinterpret_cast<Address>(o.base) + (o.single ? 0 : n * o.stride0);
 }
 
-// Source and result objects of a whole call, at least one of them a list. Settles the usual cases in one pass: all
-// sources away from all results, both in ascending order side by side, or in place.
-template <class AddressOfSource, class AddressOfResult>
-bool lists_are_safe(AddressOfSource s, ptrdiff_t extent_s, AddressOfResult d, ptrdiff_t extent_d, bool in_place_fine,
-                    int count) {
-    Address low_s = s(0), high_s = low_s, low_d = d(0), high_d = low_d;
-    bool source_first = true, result_first = true, same = true;
-    Address before_s = low_s - extent_s, before_d = low_d - extent_d;
-    for (int n = 0; n < count; ++n) {
-        const Address at_s = s(n), at_d = d(n);
-        low_s = at_s < low_s ? at_s : low_s;
-        high_s = at_s > high_s ? at_s : high_s;
-        low_d = at_d < low_d ? at_d : low_d;
-        high_d = at_d > high_d ? at_d : high_d;
-        source_first &= (n == 0 || at_s - before_d >= extent_d) & (at_d - at_s >= extent_s);
-        result_first &= (n == 0 || at_d - before_s >= extent_s) & (at_s - at_d >= extent_d);
-        same &= at_s == at_d;
-        before_s = at_s;
-        before_d = at_d;
-    }
-    return high_s + extent_s <= low_d || high_d + extent_d <= low_s || source_first || result_first ||
-           (same && in_place_fine);
+// The loops over whole lists below gather sign bits instead of branching, so that they cost little beside the work.
+// Does every object of a list start at least `gap` bytes behind the one before it?
+// (The loops over lists gather sign bits instead of branching: they must cost little beside the work.)
+bool ascends(const LaneOperand &o, ptrdiff_t gap, int count) {
+    const Address *const list = reinterpret_cast<const Address *>(o.table);
+    ptrdiff_t signs = 0;
+    for (int n = 1; n < count; ++n) signs |= list[n] - list[n - 1] - gap;
+    return signs >= 0;
 }
 
+// Where the objects of a call lie, if that is known without looking at each.
+bool known_span(const LaneOperand &o, int count, Address &low, Address &high) {
+    if (o.addressing == Addressing::list && !ascends(o, 0, count)) return false;
+    low = object_address(o, 0);
+    high = object_address(o, o.single ? 0 : count - 1) + strided_extent(o);
+    return true;
+}
+
+// Source and result objects of a whole call, at least one of them a list. Settles the usual cases: all sources away
+// from all results, both in ascending order side by side (fields of the same structs, say), or in place.
 bool list_pair_is_safe(const LaneOperand &s, const LaneOperand &d, bool in_place_fine, int count) {
-    const auto in_list = [](const LaneOperand &o) {
-        return [table = o.table, shift = o.shift](int n) { return reinterpret_cast<Address>(table[n]) + shift; };
-    };
-    const auto in_steps = [](const LaneOperand &o) {
-        return [base = reinterpret_cast<Address>(o.base), step = o.single ? 0 : o.stride0](int n) { return base + n * step; };
-    };
-    const ptrdiff_t extent_s = strided_extent(s), extent_d = strided_extent(d);
     if (s.addressing == Addressing::pointers || d.addressing == Addressing::pointers) return false;
-    if (s.addressing != Addressing::list)
-        return lists_are_safe(in_steps(s), extent_s, in_list(d), extent_d, in_place_fine, count);
-    if (d.addressing != Addressing::list)
-        return lists_are_safe(in_list(s), extent_s, in_steps(d), extent_d, in_place_fine, count);
-    return lists_are_safe(in_list(s), extent_s, in_list(d), extent_d, in_place_fine, count);
-}
-
-bool list_ascends(const LaneOperand &d, int count) {
-    const ptrdiff_t extent = strided_extent(d);
-    bool ascends = true;
-    Address before = entry(d, 0);
+    Address low_s, high_s, low_d, high_d;
+    if (!known_span(s, count, low_s, high_s) || !known_span(d, count, low_d, high_d)) return false;
+    if (high_s <= low_d || high_d <= low_s) return true;
+    if (s.addressing != Addressing::list || d.addressing != Addressing::list) return false;
+    const Address *const from = reinterpret_cast<const Address *>(s.table);
+    const Address *const to = reinterpret_cast<const Address *>(d.table);
+    const ptrdiff_t extent_s = strided_extent(s), extent_d = strided_extent(d), shift = d.shift - s.shift;
+    ptrdiff_t source_first = to[0] - from[0] + shift - extent_s, result_first = from[0] - to[0] - shift - extent_d;
+    ptrdiff_t apart_from_same = to[0] - from[0] + shift;
     for (int n = 1; n < count; ++n) {
-        const Address at = entry(d, n);
-        ascends &= at - before >= extent;
-        before = at;
+        const ptrdiff_t distance = to[n] - from[n] + shift;
+        source_first |= (distance - extent_s) | (from[n] - to[n - 1] - shift - extent_d);
+        result_first |= (-distance - extent_d) | (to[n] - from[n - 1] + shift - extent_s);
+        apart_from_same |= distance;
     }
-    return ascends;
+    return source_first >= 0 || result_first >= 0 || (apart_from_same == 0 && in_place_fine);
 }
 
 // Do different objects of a result stay out of each other's way within a group?
 Verdict result_alone(const LaneOperand &d, int width, int count) {
-    if (d.addressing == Addressing::list) return list_ascends(d, count) ? Verdict::always : Verdict::by_group;
+    if (d.addressing == Addressing::list) return ascends(d, strided_extent(d), count) ? Verdict::always : Verdict::by_group;
     const Footprint f = footprint(d);
     if (f.stride0 >= f.extent) return Verdict::always;
     if (f.stride0 == d.element) return lane_rows_apart(d, d, width, false) ? Verdict::always : Verdict::never;
