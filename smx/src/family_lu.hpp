@@ -81,8 +81,8 @@ struct LUDecomposition {
                 if constexpr (is_single<D>) {
                     status = one(0);
                 } else {
-                    const LanePlan plan = lane_plan(count, {{src.lanes(N, N), SameObject::any}},
-                                                    {dst.lanes(N, N), pivots.lanes(N)});
+                    const LanePlan plan =
+                        lane_plan(count, {{src.lanes(N, N), SameObject::any}}, {dst.lanes(N, N), pivots.lanes(N)});
                     status = for_each_object<ElementOf<D>>(
                         plan, [&](int n) { return SMX_ON_ALL_LANES(n, lu_decompose_lanes, plan, pivots.base, N); },
                         until_failure(one));

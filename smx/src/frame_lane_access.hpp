@@ -36,10 +36,18 @@ constexpr int chunk_elements = 16 / static_cast<int>(sizeof(T));
 #if defined(__SSE2__)
 #if defined(__AVX512F__)
 using Wide = __m512;
-inline Wide unpack_low(Wide a, Wide b) { return _mm512_unpacklo_ps(a, b); }
-inline Wide unpack_high(Wide a, Wide b) { return _mm512_unpackhi_ps(a, b); }
-inline Wide pairs_low(Wide a, Wide b) { return _mm512_shuffle_ps(a, b, 0x44); }
-inline Wide pairs_high(Wide a, Wide b) { return _mm512_shuffle_ps(a, b, 0xee); }
+inline Wide unpack_low(Wide a, Wide b) {
+    return _mm512_unpacklo_ps(a, b);
+}
+inline Wide unpack_high(Wide a, Wide b) {
+    return _mm512_unpackhi_ps(a, b);
+}
+inline Wide pairs_low(Wide a, Wide b) {
+    return _mm512_shuffle_ps(a, b, 0x44);
+}
+inline Wide pairs_high(Wide a, Wide b) {
+    return _mm512_shuffle_ps(a, b, 0xee);
+}
 inline Wide join(const __m128 (&part)[4]) {
     const __m256 low = _mm256_insertf128_ps(_mm256_castps128_ps256(part[0]), part[1], 1);
     const __m256 high = _mm256_insertf128_ps(_mm256_castps128_ps256(part[2]), part[3], 1);
@@ -53,10 +61,18 @@ inline void split(Wide x, __m128 (&part)[4]) {
 }
 #elif defined(__AVX2__)
 using Wide = __m256;
-inline Wide unpack_low(Wide a, Wide b) { return _mm256_unpacklo_ps(a, b); }
-inline Wide unpack_high(Wide a, Wide b) { return _mm256_unpackhi_ps(a, b); }
-inline Wide pairs_low(Wide a, Wide b) { return _mm256_shuffle_ps(a, b, 0x44); }
-inline Wide pairs_high(Wide a, Wide b) { return _mm256_shuffle_ps(a, b, 0xee); }
+inline Wide unpack_low(Wide a, Wide b) {
+    return _mm256_unpacklo_ps(a, b);
+}
+inline Wide unpack_high(Wide a, Wide b) {
+    return _mm256_unpackhi_ps(a, b);
+}
+inline Wide pairs_low(Wide a, Wide b) {
+    return _mm256_shuffle_ps(a, b, 0x44);
+}
+inline Wide pairs_high(Wide a, Wide b) {
+    return _mm256_shuffle_ps(a, b, 0xee);
+}
 inline Wide join(const __m128 (&part)[2]) {
     return _mm256_insertf128_ps(_mm256_castps128_ps256(part[0]), part[1], 1);
 }
@@ -66,12 +82,24 @@ inline void split(Wide x, __m128 (&part)[2]) {
 }
 #else
 using Wide = __m128;
-inline Wide unpack_low(Wide a, Wide b) { return _mm_unpacklo_ps(a, b); }
-inline Wide unpack_high(Wide a, Wide b) { return _mm_unpackhi_ps(a, b); }
-inline Wide pairs_low(Wide a, Wide b) { return _mm_shuffle_ps(a, b, 0x44); }
-inline Wide pairs_high(Wide a, Wide b) { return _mm_shuffle_ps(a, b, 0xee); }
-inline Wide join(const __m128 (&part)[1]) { return part[0]; }
-inline void split(Wide x, __m128 (&part)[1]) { part[0] = x; }
+inline Wide unpack_low(Wide a, Wide b) {
+    return _mm_unpacklo_ps(a, b);
+}
+inline Wide unpack_high(Wide a, Wide b) {
+    return _mm_unpackhi_ps(a, b);
+}
+inline Wide pairs_low(Wide a, Wide b) {
+    return _mm_shuffle_ps(a, b, 0x44);
+}
+inline Wide pairs_high(Wide a, Wide b) {
+    return _mm_shuffle_ps(a, b, 0xee);
+}
+inline Wide join(const __m128 (&part)[1]) {
+    return part[0];
+}
+inline void split(Wide x, __m128 (&part)[1]) {
+    part[0] = x;
+}
 #endif
 constexpr int chunk_parts = pack_bytes / 16;
 
@@ -93,29 +121,40 @@ inline void transpose_parts(Wide (&x)[2]) {
 // 16 bytes, or the first C elements of them.
 template <class T, int C>
 inline __m128 load_part(const Byte *from) {
-    __m128 part = _mm_setzero_ps();
-    if constexpr (C == chunk_elements<T>) {
-        part = _mm_loadu_ps(reinterpret_cast<const float *>(from));
-    } else {
-        if constexpr (C * sizeof(T) == 4) part = _mm_set_ss(load_element<float>(from));
-        else part = _mm_castpd_ps(_mm_set_sd(load_element<double>(from)));
-        if constexpr (C * sizeof(T) == 12) part = _mm_movelh_ps(part, _mm_set_ss(load_element<float>(from + 8)));
-    }
-    return part;
+    constexpr std::size_t bytes = C * sizeof(T);
+    if constexpr (bytes == 16) return _mm_loadu_ps(reinterpret_cast<const float *>(from));
+    else if constexpr (bytes == 4) return _mm_set_ss(load_element<float>(from));
+    else if constexpr (bytes == 8) return _mm_castpd_ps(_mm_set_sd(load_element<double>(from)));
+    else
+#if defined(__AVX__)
+        return _mm_maskload_ps(reinterpret_cast<const float *>(from), _mm_setr_epi32(-1, -1, -1, 0));
+#else
+        return _mm_movelh_ps(load_part<float, 2>(from), load_part<float, 1>(from + 8));
+#endif
 }
 template <class T, int C>
-inline void store_part(const Byte *to, __m128 part) {
-    if constexpr (C == chunk_elements<T>) {
-        _mm_storeu_ps(reinterpret_cast<float *>(const_cast<Byte *>(to)), part);
+inline void store_part(const Byte *at, __m128 part) {
+    constexpr std::size_t bytes = C * sizeof(T);
+    Byte *const to = const_cast<Byte *>(at);
+    if constexpr (bytes == 16) {
+        _mm_storeu_ps(reinterpret_cast<float *>(to), part);
+    } else if constexpr (bytes == 4) {
+        store_element(to, _mm_cvtss_f32(part));
+    } else if constexpr (bytes == 8) {
+        store_element(to, _mm_cvtsd_f64(_mm_castps_pd(part)));
     } else {
-        if constexpr (C * sizeof(T) == 4) store_element(to, _mm_cvtss_f32(part));
-        else store_element(to, _mm_cvtsd_f64(_mm_castps_pd(part)));
-        if constexpr (C * sizeof(T) == 12) store_element(to + 8, _mm_cvtss_f32(_mm_movehl_ps(part, part)));
+#if defined(__AVX512VL__)
+        _mm_mask_storeu_ps(to, 7, part);
+#else
+        store_part<float, 2>(to, part);
+        store_part<float, 1>(to + 8, _mm_movehl_ps(part, part));
+#endif
     }
 }
 
-// C elements at `offset` of each of the W rows.
-template <class T, int C>
+// C elements at `offset` of each of the W rows. Where the rows are packed one behind the other, all but the last may be
+// read and written with the first elements of the next row, which comes right after.
+template <class T, int C, bool packed = false>
 [[gnu::always_inline]] inline void load_chunk(const Byte *const *rows, std::ptrdiff_t offset, Pack<T> *out) {
     constexpr int K = chunk_elements<T>;
     Wide x[K];
@@ -123,42 +162,74 @@ template <class T, int C>
     for (int k = 0; k < K; ++k) {
         __m128 part[chunk_parts];
 #pragma GCC unroll 4
-        for (int q = 0; q < chunk_parts; ++q) part[q] = load_part<T, C>(rows[q * K + k] + offset);
+        for (int q = 0; q < chunk_parts; ++q)
+            part[q] = packed && q * K + k != Pack<T>::width - 1 ? load_part<T, K>(rows[q * K + k] + offset)
+                                                                : load_part<T, C>(rows[q * K + k] + offset);
         x[k] = join(part);
     }
     transpose_parts(x);
 #pragma GCC unroll 4
     for (int c = 0; c < C; ++c) out[c] = reinterpret_cast<typename Pack<T>::Vector>(x[c]);
 }
-template <class T, int C>
+template <class T, int C, bool packed = false>
 [[gnu::always_inline]] inline void store_chunk(const Byte *const *rows, std::ptrdiff_t offset, const Pack<T> *in) {
     constexpr int K = chunk_elements<T>;
     Wide x[K];
+    __m128 part[K][chunk_parts];
 #pragma GCC unroll 4
     for (int k = 0; k < K; ++k) x[k] = reinterpret_cast<Wide>(in[k < C ? k : 0].v);
     transpose_parts(x);
 #pragma GCC unroll 4
-    for (int k = 0; k < K; ++k) {
-        __m128 part[chunk_parts];
-        split(x[k], part);
-#pragma GCC unroll 4
-        for (int q = 0; q < chunk_parts; ++q) store_part<T, C>(rows[q * K + k] + offset, part[q]);
+    for (int k = 0; k < K; ++k) split(x[k], part[k]);
+#pragma GCC unroll 16
+    for (int l = 0; l < Pack<T>::width; ++l) {
+        if (packed && l != Pack<T>::width - 1) store_part<T, K>(rows[l] + offset, part[l % K][l / K]);
+        else store_part<T, C>(rows[l] + offset, part[l % K][l / K]);
     }
 }
 #else
-template <class T, int C>
+template <class T, int C, bool packed = false>
 inline void load_chunk(const Byte *const *rows, std::ptrdiff_t offset, Pack<T> *out) {
     for (int c = 0; c < C; ++c)
         for (int l = 0; l < Pack<T>::width; ++l)
             out[c].v[l] = load_element<T>(rows[l] + offset + c * static_cast<std::ptrdiff_t>(sizeof(T)));
 }
-template <class T, int C>
+template <class T, int C, bool packed = false>
 inline void store_chunk(const Byte *const *rows, std::ptrdiff_t offset, const Pack<T> *in) {
     for (int c = 0; c < C; ++c)
         for (int l = 0; l < Pack<T>::width; ++l)
             store_element<T>(rows[l] + offset + c * static_cast<std::ptrdiff_t>(sizeof(T)), in[c].v[l]);
 }
 #endif
+
+// One element of each of the W rows, each at its own address. Not by way of an array in memory: a vector load right
+// behind the narrow stores that it covers has to wait for them.
+template <class T>
+inline Pack<T> gather(const Byte *const *rows, std::ptrdiff_t offset) {
+    constexpr int W = Pack<T>::width;
+#if defined(__AVX512F__)
+    using Vector = typename Pack<T>::Vector;
+    const Byte *const base = at(nullptr, offset);
+    const __m512i low = _mm512_loadu_si512(rows);
+    if constexpr (sizeof(T) == 8) {
+        return reinterpret_cast<Vector>(_mm512_i64gather_pd(low, base, 1));
+    } else {
+        const __m512i high = _mm512_loadu_si512(rows + W / 2);
+        return reinterpret_cast<Vector>(_mm512_insertf32x8(_mm512_castps256_ps512(_mm512_i64gather_ps(low, base, 1)),
+                                                           _mm512_i64gather_ps(high, base, 1), 1));
+    }
+#else
+    typename Pack<T>::Vector v = {};
+    for (int l = 0; l < W; ++l) v[l] = load_element<T>(rows[l] + offset);
+    return v;
+#endif
+}
+template <class T>
+inline void scatter(const Byte *const *rows, std::ptrdiff_t offset, Pack<T> x) {
+    T lanes[Pack<T>::width];
+    store_pack(lanes, x);
+    for (int l = 0; l < Pack<T>::width; ++l) store_element(rows[l] + offset, lanes[l]);
+}
 
 // Runs of L adjacent elements. The last chunk of a long run goes back over elements already done rather than past its
 // end.
@@ -200,14 +271,15 @@ struct LaneAccess {
 
     const LaneOperand &o;
     Way way;
-    bool dense; // the rows of an object follow each other without a gap
+    bool dense;  // the rows of an object follow each other without a gap
+    bool packed; // and so do the objects
 
     explicit LaneAccess(const LaneOperand &operand)
-        : o(operand),
-          way(o.addressing != Addressing::list && o.stride0 == size                    ? Way::across
-              : o.addressing != Addressing::pointers && (o.stride2 == size || C == 1) ? Way::rows
-                                                                                      : Way::elements),
-          dense(o.stride1 == C * size || R == 1) {}
+        : o(operand), way(o.addressing != Addressing::list && o.stride0 == size                   ? Way::across
+                          : o.addressing != Addressing::pointers && (o.stride2 == size || C == 1) ? Way::rows
+                                                                                                  : Way::elements),
+          dense(o.stride1 == C * size || R == 1),
+          packed(dense && o.addressing == Addressing::strided && o.stride0 == R * C * size) {}
 
     // The address of element (i, j), as stored, of object n.
     const Byte *address(int n, int i, int j) const {
@@ -229,6 +301,14 @@ struct LaneAccess {
         }
     }
 
+    // Where element (i, j) lies behind the start of each object. A pointer table has no such start: the rows become the
+    // element's own addresses.
+    [[gnu::always_inline]] std::ptrdiff_t place(int n, int i, int j, const Byte *(&rows)[W]) const {
+        if (o.addressing != Addressing::pointers) return i * o.stride1 + j * o.stride2;
+        for (int l = 0; l < W; ++l) rows[l] = at(o.table[i * C + j], o.shift + (n + l) * o.stride0);
+        return 0;
+    }
+
     // Objects n .. n + W - 1 as stored, row-major.
     [[gnu::always_inline]] void load_stored(int n, Num *out) const {
         if (o.single) {
@@ -244,17 +324,16 @@ struct LaneAccess {
         } else if (way == Way::rows) {
             const Byte *rows[W];
             rows_of(n, rows);
-            if (dense) load_run<T, R * C>(rows, 0, out);
+            if (R * C < chunk_elements<T> && packed) load_chunk<T, R * C, true>(rows, 0, out);
+            else if (dense) load_run<T, R * C>(rows, 0, out);
             else
 #pragma GCC unroll 6
                 for (int i = 0; i < R; ++i) load_run<T, C>(rows, i * o.stride1, out + i * C);
         } else {
-            T lanes[W];
+            const Byte *rows[W] = {};
+            if (o.addressing != Addressing::pointers) rows_of(n, rows);
             for (int i = 0; i < R; ++i)
-                for (int j = 0; j < C; ++j) {
-                    for (int l = 0; l < W; ++l) lanes[l] = load_element<T>(address(n + l, i, j));
-                    out[i * C + j] = load_pack<T>(lanes);
-                }
+                for (int j = 0; j < C; ++j) out[i * C + j] = gather<T>(rows, place(n, i, j, rows));
         }
     }
     // The same, as the operation sees them: a transposed operand with its indexes exchanged (square objects only).
@@ -272,24 +351,28 @@ struct LaneAccess {
     [[gnu::always_inline]] void store(int n, const Num *in) const {
         if (way == Way::across) {
             if (o.addressing == Addressing::pointers)
-                for (int e = 0; e < R * C; ++e) store_pack(const_cast<Byte *>(at(o.table[e], o.shift + n * size)), in[e]);
+                for (int e = 0; e < R * C; ++e)
+                    store_pack(const_cast<Byte *>(at(o.table[e], o.shift + n * size)), in[e]);
             else
                 for (int i = 0; i < R; ++i)
                     for (int j = 0; j < C; ++j)
-                        store_pack(const_cast<Byte *>(at(o.base, n * size + i * o.stride1 + j * o.stride2)), in[i * C + j]);
+                        store_pack(const_cast<Byte *>(at(o.base, n * size + i * o.stride1 + j * o.stride2)),
+                                   in[i * C + j]);
         } else if (way == Way::rows) {
             const Byte *rows[W];
             rows_of(n, rows);
-            if (dense) store_run<T, R * C>(rows, 0, in);
+            if (R * C < chunk_elements<T> && packed) store_chunk<T, R * C, true>(rows, 0, in);
+            else if (dense) store_run<T, R * C>(rows, 0, in);
             else
 #pragma GCC unroll 6
                 for (int i = 0; i < R; ++i) store_run<T, C>(rows, i * o.stride1, in + i * C);
         } else {
-            T lanes[W];
+            const Byte *rows[W] = {};
+            if (o.addressing != Addressing::pointers) rows_of(n, rows);
             for (int i = 0; i < R; ++i)
                 for (int j = 0; j < C; ++j) {
-                    store_pack(lanes, in[i * C + j]);
-                    for (int l = 0; l < W; ++l) store_element(address(n + l, i, j), lanes[l]);
+                    const std::ptrdiff_t offset = place(n, i, j, rows);
+                    scatter<T>(rows, offset, in[i * C + j]);
                 }
         }
     }

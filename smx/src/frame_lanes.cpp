@@ -143,7 +143,8 @@ bool list_pair_is_safe(const LaneOperand &s, const LaneOperand &d, bool in_place
 
 // Do different objects of a result stay out of each other's way within a group?
 Verdict result_alone(const LaneOperand &d, int width, int count) {
-    if (d.addressing == Addressing::list) return ascends(d, strided_extent(d), count) ? Verdict::always : Verdict::by_group;
+    if (d.addressing == Addressing::list)
+        return ascends(d, strided_extent(d), count) ? Verdict::always : Verdict::by_group;
     const Footprint f = footprint(d);
     if (f.stride0 >= f.extent) return Verdict::always;
     if (f.stride0 == d.element) return lane_rows_apart(d, d, width, false) ? Verdict::always : Verdict::never;
@@ -223,7 +224,8 @@ Range range(const LaneOperand &o, int first, int width, ptrdiff_t extent) {
     return r;
 }
 
-bool group_pair_is_safe(const LaneOperand &s, const LaneOperand &d, bool in_place_fine, bool self, int first, int width) {
+bool group_pair_is_safe(const LaneOperand &s, const LaneOperand &d, bool in_place_fine, bool self, int first,
+                        int width) {
     const ptrdiff_t extent_s = strided_extent(s), extent_d = strided_extent(d);
     const Range rd = range(d, first, width, extent_d);
     if (self) {

@@ -31,7 +31,7 @@ struct LaneSource {
 
 struct LanePlan {
     LaneSource source[4];
-    LaneOperand result[3];
+    LaneOperand result[4];
     int sources;
     int results;
     int count;
@@ -98,12 +98,12 @@ inline auto until_failure(One one) {
 // Calls a lane function of the chosen instruction set and, for the objects that are too few for its width, those of the
 // narrower ones. name(arguments..., first) must return the first object that is not done.
 #ifdef SMX_WIDE_LANES
-#define SMX_ON_ALL_LANES(first, name, ...)                                                                             \
-    [&](int n) {                                                                                                       \
-        const smx::InstructionSet set = smx::instruction_set();                                                        \
-        if (set >= smx::InstructionSet::avx512) n = smx::avx512::name(__VA_ARGS__, n);                                 \
-        if (set >= smx::InstructionSet::avx2) n = smx::avx2::name(__VA_ARGS__, n);                                     \
-        return smx::baseline::name(__VA_ARGS__, n);                                                                    \
+#define SMX_ON_ALL_LANES(first, name, ...)                                             \
+    [&](int n) {                                                                       \
+        const smx::InstructionSet set = smx::instruction_set();                        \
+        if (set >= smx::InstructionSet::avx512) n = smx::avx512::name(__VA_ARGS__, n); \
+        if (set >= smx::InstructionSet::avx2) n = smx::avx2::name(__VA_ARGS__, n);     \
+        return smx::baseline::name(__VA_ARGS__, n);                                    \
     }(first)
 #else
 #define SMX_ON_ALL_LANES(first, name, ...) smx::baseline::name(__VA_ARGS__, first)

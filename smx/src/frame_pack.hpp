@@ -100,17 +100,18 @@ struct NumberTraits<Pack<T>> {
 #if defined(__AVX512F__)
 template <int comparison>
 inline Mask<float> compare(Pack<float> a, Pack<float> b) {
-    return Mask<float>::of(_mm512_cmp_ps_mask(reinterpret_cast<__m512>(a.v), reinterpret_cast<__m512>(b.v), comparison));
+    return Mask<float>::of(
+        _mm512_cmp_ps_mask(reinterpret_cast<__m512>(a.v), reinterpret_cast<__m512>(b.v), comparison));
 }
 template <int comparison>
 inline Mask<double> compare(Pack<double> a, Pack<double> b) {
     return Mask<double>::of(
         _mm512_cmp_pd_mask(reinterpret_cast<__m512d>(a.v), reinterpret_cast<__m512d>(b.v), comparison));
 }
-#define SMX_PACK_COMPARISON(sign, comparison)                                                                          \
-    template <class T>                                                                                                 \
-    inline Mask<T> operator sign(Pack<T> a, Pack<T> b) {                                                               \
-        return compare<comparison>(a, b);                                                                              \
+#define SMX_PACK_COMPARISON(sign, comparison)            \
+    template <class T>                                   \
+    inline Mask<T> operator sign(Pack<T> a, Pack<T> b) { \
+        return compare<comparison>(a, b);                \
     }
 inline Pack<float> select(Mask<float> mask, Pack<float> yes, Pack<float> no) {
     return reinterpret_cast<Pack<float>::Vector>(
@@ -121,10 +122,10 @@ inline Pack<double> select(Mask<double> mask, Pack<double> yes, Pack<double> no)
         _mm512_mask_blend_pd(mask.bits, reinterpret_cast<__m512d>(no.v), reinterpret_cast<__m512d>(yes.v)));
 }
 #else
-#define SMX_PACK_COMPARISON(sign, comparison)                                                                          \
-    template <class T>                                                                                                 \
-    inline Mask<T> operator sign(Pack<T> a, Pack<T> b) {                                                               \
-        return Mask<T>(a.v sign b.v);                                                                                  \
+#define SMX_PACK_COMPARISON(sign, comparison)            \
+    template <class T>                                   \
+    inline Mask<T> operator sign(Pack<T> a, Pack<T> b) { \
+        return Mask<T>(a.v sign b.v);                    \
     }
 template <class T>
 inline Pack<T> select(Mask<T> mask, Pack<T> yes, Pack<T> no) {

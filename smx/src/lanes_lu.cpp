@@ -10,7 +10,8 @@ namespace {
 
 // Rows are exchanged by selects: an address a lane would cost more.
 template <int N, class Num>
-[[gnu::always_inline]] inline void to_physical_order(const Num (&physical)[N], const Num (&row)[N][N], Num (&out)[N][N]) {
+[[gnu::always_inline]] inline void to_physical_order(const Num (&physical)[N], const Num (&row)[N][N],
+                                                     Num (&out)[N][N]) {
     using T = ElementOfNumber<Num>;
 #pragma GCC unroll 6
     for (int r = 0; r < N; ++r) {
@@ -25,7 +26,8 @@ template <int N, class Num>
     }
 }
 template <int N, int C, class Num>
-[[gnu::always_inline]] inline void to_logical_order(const Num (&physical)[N], const Num (&stored)[N][C], Num (&out)[N][C]) {
+[[gnu::always_inline]] inline void to_logical_order(const Num (&physical)[N], const Num (&stored)[N][C],
+                                                    Num (&out)[N][C]) {
     using T = ElementOfNumber<Num>;
 #pragma GCC unroll 6
     for (int i = 0; i < N; ++i) {
@@ -58,10 +60,8 @@ template <class T, int N>
     Mask<T> bad(false);
 #pragma GCC unroll 6
     for (int i = 0; i < N; ++i) {
-        int row[W];
-        for (int l = 0; l < W; ++l) row[l] = pivots[l * N + i];
-        Ints v;
-        std::memcpy(&v, row, sizeof v);
+        Ints v = {};
+        for (int l = 0; l < W; ++l) v[l] = pivots[l * N + i];
         physical[i] = __builtin_convertvector(v, typename Pack<T>::Vector);
         bad = bad | (physical[i] < T(0)) | (physical[i] > T(N - 1));
     }

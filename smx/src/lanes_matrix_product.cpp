@@ -11,7 +11,9 @@ namespace {
 #if defined(__AVX512F__)
 template <class T, int N>
 struct Row {
-    static constexpr int bytes = N * static_cast<int>(sizeof(T)) <= 16 ? 16 : N * static_cast<int>(sizeof(T)) <= 32 ? 32 : 64;
+    static constexpr int bytes = N * static_cast<int>(sizeof(T)) <= 16   ? 16
+                                 : N * static_cast<int>(sizeof(T)) <= 32 ? 32
+                                                                         : 64;
     typedef T V __attribute__((vector_size(bytes)));
     static constexpr auto mask = static_cast<unsigned char>((1 << N) - 1);
     V v;

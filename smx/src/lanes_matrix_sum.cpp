@@ -47,7 +47,10 @@ int flat(const LanePlan &plan, int first) {
 template <class Op, class T, int L>
 [[gnu::always_inline]] inline void run(const Byte *a, const Byte *b, const Byte *d) {
     constexpr int size = sizeof(T), bytes = L * size;
-    constexpr int wide = bytes >= pack_bytes ? pack_bytes : bytes >= 32 && pack_bytes > 32 ? 32 : bytes >= 16 ? 16 : size;
+    constexpr int wide = bytes >= pack_bytes              ? pack_bytes
+                         : bytes >= 32 && pack_bytes > 32 ? 32
+                         : bytes >= 16                    ? 16
+                                                          : size;
     constexpr int vectors = (bytes + wide - 1) / wide;
     typedef T V __attribute__((vector_size(wide)));
     V sum[vectors];
@@ -71,7 +74,8 @@ int square(const LanePlan &plan, int first) {
     using Access = LaneAccess<T, N, N>;
     const Access a(plan.source[0].operand), b(plan.source[1].operand), d(plan.result[0]);
     const auto by_rows = [](const Access &x) {
-        return (x.way == Access::Way::rows || (x.o.single && x.o.addressing == Addressing::strided && x.o.stride2 == Access::size)) &&
+        return (x.way == Access::Way::rows ||
+                (x.o.single && x.o.addressing == Addressing::strided && x.o.stride2 == Access::size)) &&
                !x.o.transposed;
     };
     if (by_rows(a) && by_rows(b) && by_rows(d)) {
