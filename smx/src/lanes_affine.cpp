@@ -1,0 +1,28 @@
+#include "lanes_affine.hpp"
+
+#include "family_products_core.hpp"
+#include "frame_lane_access.hpp"
+
+namespace smx {
+inline namespace SMX_ISA {
+
+int affine_lanes(const LanePlan &plan, bool *bad, int first) {
+    using Num = Pack<float>;
+    const LaneAccess<float, 4, 4> matrix(plan.source[0].operand);
+    const LaneAccess<float, 1, 3> src(plan.source[1].operand), dst(plan.result[0]);
+    Num m[4][4];
+    matrix.load(0, &m[0][0]);
+    Mask<float> good(true);
+    const int done = each_group<float>(plan, first, [&](int n) {
+        Num point[3], out[3];
+        src.load(n, point);
+        good = good & transform_point(m, point, out);
+        dst.store(n, out);
+        return true;
+    });
+    *bad = *bad || !all(good);
+    return done;
+}
+
+} // namespace SMX_ISA
+} // namespace smx

@@ -1,0 +1,112 @@
+#include "lanes_norms.hpp"
+
+#include "family_products_core.hpp"
+#include "frame_lane_access.hpp"
+
+namespace smx {
+inline namespace SMX_ISA {
+
+namespace {
+
+// The elements of a group in double: as they are, or the two halves of a pack of floats.
+struct DoubleHalves {
+    Pack<double> low, high;
+    DoubleHalves() = default;
+    DoubleHalves(Pack<double> l, Pack<double> h) : low(l), high(h) {}
+    explicit DoubleHalves(double all) : low(all), high(all) {}
+    friend DoubleHalves operator+(DoubleHalves a, DoubleHalves b) { return {a.low + b.low, a.high + b.high}; }
+    friend DoubleHalves operator*(DoubleHalves a, DoubleHalves b) { return {a.low * b.low, a.high * b.high}; }
+    struct Masks {
+        Mask<double> low, high;
+    };
+    friend Masks operator>=(DoubleHalves a, DoubleHalves b) { return {a.low >= b.low, a.high >= b.high}; }
+    friend DoubleHalves select(Masks m, DoubleHalves yes, DoubleHalves no) {
+        return {select(m.low, yes.low, no.low), select(m.high, yes.high, no.high)};
+    }
+    friend DoubleHalves square_root(DoubleHalves x) { return {square_root(x.low), square_root(x.high)}; }
+};
+
+typedef float HalfOfFloats __attribute__((vector_size(pack_bytes / 2)));
+
+inline Pack<double> widened(Pack<double> x) {
+    return x;
+}
+inline DoubleHalves widened(Pack<float> x) {
+    HalfOfFloats half[2];
+    std::memcpy(half, &x.v, sizeof half);
+    return {__builtin_convertvector(half[0], Pack<double>::Vector),
+            __builtin_convertvector(half[1], Pack<double>::Vector)};
+}
+inline Pack<double> narrowed(Pack<double> x) {
+    return x;
+}
+inline Pack<float> narrowed(DoubleHalves x) {
+    const HalfOfFloats half[2] = {__builtin_convertvector(x.low.v, HalfOfFloats),
+                                  __builtin_convertvector(x.high.v, HalfOfFloats)};
+    return load_pack<float>(half);
+}
+
+template <bool pairs, class T, int R, int C>
+int norm(const LanePlan &plan, bool cuts_off, int first) {
+    constexpr int E = R * C;
+    const LaneAccess<T, R, C> src(plan.source[0].operand);
+    const LaneAccess<T, 1, 1> dst(plan.result[0]);
+    return each_group<T>(plan, first, [&](int n) {
+        Pack<T> x[E];
+        src.load(n, x);
+        const auto square = [&](int e) {
+            const auto wide = widened(x[e]);
+            return wide * wide;
+        };
+        auto sum = square(0);
+        if constexpr (pairs) sum = sum + square(1);
+#pragma GCC unroll 36
+        for (int e = pairs ? 2 : 1; e < E; e += pairs ? 2 : 1)
+            if constexpr (pairs) sum = sum + (e + 1 < E ? square(e) + square(e + 1) : square(e));
+            else sum = sum + square(e);
+        const Pack<T> root = narrowed(norm_of<T>(sum, cuts_off));
+        dst.store(n, &root);
+        return true;
+    });
+}
+
+// Only where objects follow each other element by element: reading a few elements of each object costs the same one by
+// one.
+template <SumOrder order, class T, int N>
+int trace(const LanePlan &plan, int first) {
+    using Access = LaneAccess<T, N, N>;
+    const Access src(plan.source[0].operand);
+    const LaneAccess<T, 1, 1> dst(plan.result[0]);
+    if (src.way != Access::Way::across) return first;
+    return each_group<T>(plan, first, [&](int n) {
+        Pack<T> diagonal[N];
+        for (int i = 0; i < N; ++i) diagonal[i] = load_pack<T>(src.address(0, i, i) + n * Access::size);
+        const Pack<T> sum = sum_of<order>(diagonal);
+        dst.store(n, &sum);
+        return true;
+    });
+}
+
+} // namespace
+
+int norm_lanes(const LanePlan &plan, bool pairs, bool cuts_off, int first) {
+    const LaneOperand &o = plan.source[0].operand;
+    return by_type_and_side(plan, plan.result[0].element, o.columns, first, [&](auto zero, auto side) {
+        using T = decltype(zero);
+        constexpr int N = decltype(side)::value;
+        if (o.rows == 1) return norm<false, T, 1, N>(plan, cuts_off, first);
+        return pairs ? norm<true, T, N, N>(plan, cuts_off, first) : norm<false, T, N, N>(plan, cuts_off, first);
+    });
+}
+int trace_lanes(const LanePlan &plan, bool tail_first, int first) {
+    return by_type_and_side(
+        plan, plan.result[0].element, plan.source[0].operand.columns, first, [&](auto zero, auto side) {
+            using T = decltype(zero);
+            constexpr int N = decltype(side)::value;
+            return tail_first ? trace<SumOrder::trace_tail_first, T, N>(plan, first)
+                              : trace<SumOrder::ascending, T, N>(plan, first);
+        });
+}
+
+} // namespace SMX_ISA
+} // namespace smx

@@ -1,0 +1,3 @@
+#include "family_affine.hpp"
+
+SMX_MODULE(AffineTransform3DH_mva)

@@ -1,0 +1,3 @@
+#include "family_norms.hpp"
+
+SMX_MODULE(FrobNorm_m)

@@ -1,0 +1,3 @@
+#include "family_product_vector.hpp"
+
+SMX_MODULE(Gaxpy_mv)

@@ -1,0 +1,3 @@
+#include "family_product_vector.hpp"
+
+SMX_MODULE_VIA_S2(Mul_mav, Mul_mv)

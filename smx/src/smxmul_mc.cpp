@@ -1,0 +1,3 @@
+#include "family_combinations.hpp"
+
+SMX_MODULE(Mul_mc)
