@@ -115,6 +115,193 @@
 #define SMX_CATALOGUE_LU(ROW) \
     ROW(LUDecomp_m) ROW(LUDecomp_ma) ROW(LUBackSubst_mv) ROW(LUBackSubst_mva) ROW(LUBackSubst_mava)
 
+// ---- Cholesky: smxcholeskydecomp_m, smxcholdecomp_ma, smxcholeskybacksubst_mv, _mava, smxcholbacksubst_mva
+
+#define SMX_ROW_CholeskyDecomp_m \
+    SINGLE, (CholeskyDecomposition), (orders::single), (M, src), (MO, dst), (SIDE, widthHeight)
+#define SMX_ROW_CholeskyDecomp_ma \
+    ARRAY, (CholeskyDecomposition), (orders::array, bounds::choldecomp), (MA, src), (MAO, dst), (SIDE, widthHeight)
+#define SMX_ROW_CholeskyBackSubst_mv \
+    SINGLE, (CholeskyBackSubstitution), (orders::single), (M, src1), (V, src2), (VO, dst), (SIDE, widthHeight)
+#define SMX_ROW_CholeskyBackSubst_mva                                                                              \
+    ARRAY, (CholeskyBackSubstitution), (orders::cholesky_mva, bounds::cholbacksubst_mva), (M, src1), (VA, src2), \
+        (VAO, dst), (SIDE, widthHeight)
+#define SMX_ROW_CholeskyBackSubst_mava                                                                      \
+    ARRAY, (CholeskyBackSubstitution), (orders::array, bounds::cholbacksubst_mava), (MA, src1), (VA, src2), \
+        (VAO, dst), (SIDE, widthHeight)
+
+#define SMX_CATALOGUE_CHOLESKY(ROW)                                                                       \
+    ROW(CholeskyDecomp_m) ROW(CholeskyDecomp_ma) ROW(CholeskyBackSubst_mv) ROW(CholeskyBackSubst_mva) \
+        ROW(CholeskyBackSubst_mava)
+
+// ---- QR: smxqrdecomp_*, smxqrbacksubst_mv, _mava, smxqrbackssubst_mva
+
+#define SMX_QR_SINGLE (orders::single_match_last, bounds::none, match::at_least_as_high)
+#define SMX_QR_ARRAY(bounds) (orders::match_last, bounds, match::at_least_as_high)
+
+#define SMX_ROW_QRDecomp_m \
+    SINGLE, (QRDecomposition), SMX_QR_SINGLE, (M, src), (BUF, buffer), (MO, dst), (W, width), (H, height)
+#define SMX_ROW_QRDecomp_ma                                                                                       \
+    ARRAY, (QRDecomposition), SMX_QR_ARRAY(bounds::qrdecomp), (MA, src), (BUF, buffer), (MAO, dst), (W, width), \
+        (H, height)
+#define SMX_ROW_QRBackSubst_mv                                                                                    \
+    SINGLE, (QRBackSubstitution), SMX_QR_SINGLE, (M, src1), (BUF, buffer), (V, src2), (VO, dst), (W, width), \
+        (H, height)
+#define SMX_ROW_QRBackSubst_mva                                                                                     \
+    ARRAY, (QRBackSubstitution), SMX_QR_ARRAY(bounds::qrbacksubst_mva), (M, src1), (BUF, buffer), (VA, src2), \
+        (VAO, dst), (W, width), (H, height)
+#define SMX_ROW_QRBackSubst_mava                                                                                 \
+    ARRAY, (QRBackSubstitution), SMX_QR_ARRAY(bounds::qrbacksubst_mava), (MA, src1), (BUF, buffer), (VA, src2), \
+        (VAO, dst), (W, width), (H, height)
+
+#define SMX_CATALOGUE_QR(ROW) \
+    ROW(QRDecomp_m) ROW(QRDecomp_ma) ROW(QRBackSubst_mv) ROW(QRBackSubst_mva) ROW(QRBackSubst_mava)
+
+// ---- determinant and inverse: smxdet_*, smxinvert_*
+
+// the size comes ahead of scratch and result
+#define SMX_ROW_Det_m SINGLE, (Determinant), (orders::single), (M, src), (SIDE, widthHeight), (BUF, buffer), (R, dstDet)
+#define SMX_ROW_Det_ma \
+    ARRAY, (Determinant), (orders::array, bounds::det), (MA, src), (SIDE, widthHeight), (BUF, buffer), (RA, dstDet)
+// side 1 is done by the interface functions
+#define SMX_ROW_Invert_m                                                                                     \
+    SINGLE, (Inverse), (orders::single, bounds::none, nullptr, AtOnce::side_one), (M, src), (BUF, buffer), \
+        (MO, dst), (SIDE, widthHeight)
+#define SMX_ROW_Invert_ma                                                                                      \
+    ARRAY, (Inverse), (orders::array, bounds::invert, nullptr, AtOnce::side_one), (MA, src), (BUF, buffer), \
+        (MAO, dst), (SIDE, widthHeight)
+
+#define SMX_CATALOGUE_DET_INVERT(ROW) ROW(Det_m) ROW(Det_ma) ROW(Invert_m) ROW(Invert_ma)
+
+// ---- eigenproblems: smxeigenvalues*_m, _ma
+
+#define SMX_EIGEN_VECTORS_RULES (orders::single_eigenvectors)
+#define SMX_EIGEN_VECTORS_ARRAY_RULES (orders::eigenvectors, bounds::eigenvectors)
+
+#define SMX_ROW_EigenValuesSym_m \
+    SINGLE, (EigenValuesSymmetric), (orders::single), (M, src), (BUF, buffer), (RS, dstValues), (SIDE, widthHeight)
+#define SMX_ROW_EigenValuesSym_ma                                                                                  \
+    ARRAY, (EigenValuesSymmetric), (orders::eigen, bounds::eigensym), (MA, src), (BUF, buffer), (RSA, dstValues), \
+        (SIDE, widthHeight)
+#define SMX_ROW_EigenValuesVectorsSym_m                                                                        \
+    SINGLE, (EigenValuesVectorsSymmetric), (orders::single), (M, src), (BUF, buffer), (MO, dstVectors, dst), \
+        (RS, dstValues), (SIDE, widthHeight)
+#define SMX_ROW_EigenValuesVectorsSym_ma                                                                            \
+    ARRAY, (EigenValuesVectorsSymmetric), (orders::eigen, bounds::eigenvectorssym), (MA, src), (BUF, buffer), \
+        (MAO, dstVectors, dst), (RSA, dstValues), (SIDE, widthHeight)
+
+// The general families have one kernel for each layout, and `count` before `buffer`.
+#define SMX_ROW_EigenValues_m                                                                                  \
+    SINGLE_ONE_KERNEL, (EigenValuesGeneral), (orders::single), (M, src), (RS, dstValuesRe), (RS, dstValuesIm), \
+        (SIDE, widthHeight), (BUF, buffer)
+#define SMX_ROW_EigenValues_ma                                                                         \
+    ARRAY_ONE_KERNEL, (EigenValuesGeneral), (orders::eigen, bounds::eigen), (MA, src), (RSA, dstValuesRe), \
+        (RSA, dstValuesIm), (SIDE, widthHeight), (N, count), (BUF, buffer)
+#define SMX_ROW_EigenValuesVectorsRight_m                                                                     \
+    SINGLE_ONE_KERNEL, (EigenVectorsGeneral<right_mode>), SMX_EIGEN_VECTORS_RULES, (M, src), (MO, dstVectors, dst), \
+        (RS, dstValuesRe), (RS, dstValuesIm), (SIDE, widthHeight), (BUF, buffer)
+#define SMX_ROW_EigenValuesVectorsLeft_m                                                                     \
+    SINGLE_ONE_KERNEL, (EigenVectorsGeneral<left_mode>), SMX_EIGEN_VECTORS_RULES, (M, src), (MO, dstVectors, dst), \
+        (RS, dstValuesRe), (RS, dstValuesIm), (SIDE, widthHeight), (BUF, buffer)
+#define SMX_ROW_EigenValuesVectorsRight_ma                                                                          \
+    ARRAY_ONE_KERNEL, (EigenVectorsGeneral<right_mode>), SMX_EIGEN_VECTORS_ARRAY_RULES, (MA, src), \
+        (MAO, dstVectors, dst), (RSA, dstValuesRe), (RSA, dstValuesIm), (SIDE, widthHeight), (N, count), (BUF, buffer)
+#define SMX_ROW_EigenValuesVectorsLeft_ma                                                                          \
+    ARRAY_ONE_KERNEL, (EigenVectorsGeneral<left_mode>), SMX_EIGEN_VECTORS_ARRAY_RULES, (MA, src), \
+        (MAO, dstVectors, dst), (RSA, dstValuesRe), (RSA, dstValuesIm), (SIDE, widthHeight), (N, count), (BUF, buffer)
+#define SMX_ROW_EigenValuesVectors_m                                                                 \
+    SINGLE_ONE_KERNEL, (EigenVectorsBoth), SMX_EIGEN_VECTORS_RULES, (M, src), (MO, dstVectorsRight, dstRight), \
+        (MO, dstVectorsLeft, dstLeft), (RS, dstValuesRe), (RS, dstValuesIm), (SIDE, widthHeight), (BUF, buffer)
+#define SMX_ROW_EigenValuesVectors_ma                                                                       \
+    ARRAY_ONE_KERNEL, (EigenVectorsBoth), SMX_EIGEN_VECTORS_ARRAY_RULES, (MA, src), (MAO, dstVectorsRight, dstRight), \
+        (MAO, dstVectorsLeft, dstLeft), (RSA, dstValuesRe), (RSA, dstValuesIm), (SIDE, widthHeight), (N, count),      \
+        (BUF, buffer)
+
+#define SMX_CATALOGUE_EIGEN(ROW)                                                                              \
+    ROW(EigenValuesSym_m) ROW(EigenValuesSym_ma) ROW(EigenValuesVectorsSym_m) ROW(EigenValuesVectorsSym_ma)   \
+        ROW(EigenValues_m) ROW(EigenValues_ma) ROW(EigenValuesVectorsRight_m) ROW(EigenValuesVectorsRight_ma) \
+            ROW(EigenValuesVectorsLeft_m) ROW(EigenValuesVectorsLeft_ma) ROW(EigenValuesVectors_m)            \
+                ROW(EigenValuesVectors_ma)
+
+// ---- matrix by vector: smxmul_*v*, smxgaxpy_*
+
+#define SMX_BY_VECTOR(a, b, d) (a, src1), (W1, src1Width), (H1, src1Height), (b, src2), (LEN2, src2Len), (d, dst)
+#define SMX_BY_VECTOR_SINGLE(t1) (orders::single_product, bounds::none, match::product_vector<t1>)
+#define SMX_BY_VECTOR_ARRAY(t1, a1, a2) (orders::product, bounds::product_vector<t1, a1, a2>, match::product_vector<t1>)
+#define SMX_GAXPY(b, c, d) \
+    (M, src1), (W1, src1Width), (H1, src1Height), (b, src2), (LEN2, src2Len), (c, src3), (LEN3, src3Len), (d, dst)
+
+#define SMX_ROW_Mul_mv SINGLE, (MatrixVectorProduct<>), SMX_BY_VECTOR_SINGLE(false), SMX_BY_VECTOR(M, V, VO)
+#define SMX_ROW_Mul_tv SINGLE, (MatrixVectorProduct<>), SMX_BY_VECTOR_SINGLE(true), SMX_BY_VECTOR(T, V, VO)
+#define SMX_ROW_Mul_mav ARRAY, (MatrixVectorProduct<>), SMX_BY_VECTOR_ARRAY(false, true, false), SMX_BY_VECTOR(MA, V, VAO)
+#define SMX_ROW_Mul_tav ARRAY, (MatrixVectorProduct<>), SMX_BY_VECTOR_ARRAY(true, true, false), SMX_BY_VECTOR(TA, V, VAO)
+#define SMX_ROW_Mul_mava \
+    ARRAY, (MatrixVectorProduct<>), SMX_BY_VECTOR_ARRAY(false, true, true), SMX_BY_VECTOR(MA, VA, VAO)
+#define SMX_ROW_Mul_tava ARRAY, (MatrixVectorProduct<>), SMX_BY_VECTOR_ARRAY(true, true, true), SMX_BY_VECTOR(TA, VA, VAO)
+// the one row whose strided kernel for float does not group rows
+#define SMX_ROW_Mul_mva \
+    ARRAY, (MatrixVectorProduct<Rows::single_float>), SMX_BY_VECTOR_ARRAY(false, false, true), SMX_BY_VECTOR(M, VA, VAO)
+#define SMX_ROW_Mul_tva ARRAY, (MatrixVectorProduct<>), SMX_BY_VECTOR_ARRAY(true, false, true), SMX_BY_VECTOR(T, VA, VAO)
+#define SMX_ROW_Gaxpy_mv SINGLE, (Gaxpy), (orders::single_product, bounds::none, match::gaxpy), SMX_GAXPY(V, V, VO)
+#define SMX_ROW_Gaxpy_mva ARRAY, (Gaxpy), (orders::product, bounds::gaxpy_mva, match::gaxpy), SMX_GAXPY(VA, VA, VAO)
+#define SMX_ROW_Gaxpy_mvav ARRAY, (Gaxpy), (orders::product, bounds::gaxpy_mvav, match::gaxpy), SMX_GAXPY(VA, V, VAO)
+
+// ---- element by element with constants: smxmul_*c, smxsaxpy_*, smxlcomb_*
+
+#define SMX_BY_CONSTANT(a, d) (a, src), (C, val), (d, dst), (W, width), (H, height)
+#define SMX_SAXPY(a, b, d) (a, src1), (C, val), (b, src2), (d, dst), (LEN, len)
+#define SMX_LCOMB(a, b, d) (a, src1), (C, val1), (b, src2), (C, val2), (d, dst), (LEN, len)
+#define SMX_SAXPY_ONE (orders::array, bounds::saxpy_one_array)
+
+#define SMX_ROW_Mul_mc SINGLE, (MatrixByConstant), (orders::single), SMX_BY_CONSTANT(M, MO)
+#define SMX_ROW_Mul_tc SINGLE, (MatrixByConstant), (orders::single), SMX_BY_CONSTANT(T, MO)
+#define SMX_ROW_Mul_mac ARRAY, (MatrixByConstant), (orders::array, bounds::mul_mac), SMX_BY_CONSTANT(MA, MAO)
+#define SMX_ROW_Mul_tac ARRAY, (MatrixByConstant), (orders::array, bounds::mul_mac), SMX_BY_CONSTANT(TA, MAO)
+#define SMX_ROW_Saxpy_vv SINGLE, (Saxpy), (orders::single), SMX_SAXPY(V, V, VO)
+#define SMX_ROW_Saxpy_vav ARRAY, (Saxpy), SMX_SAXPY_ONE, SMX_SAXPY(VA, V, VAO)
+#define SMX_ROW_Saxpy_vva ARRAY, (Saxpy), SMX_SAXPY_ONE, SMX_SAXPY(V, VA, VAO)
+#define SMX_ROW_Saxpy_vava ARRAY, (Saxpy), (orders::array, bounds::saxpy_two_arrays), SMX_SAXPY(VA, VA, VAO)
+#define SMX_ROW_LComb_vv SINGLE, (LinearCombination), (orders::single), SMX_LCOMB(V, V, VO)
+#define SMX_ROW_LComb_vav ARRAY, (LinearCombination), (orders::array, bounds::lcomb_one_array), SMX_LCOMB(VA, V, VAO)
+#define SMX_ROW_LComb_vava ARRAY, (LinearCombination), (orders::array, bounds::lcomb_two_arrays), SMX_LCOMB(VA, VA, VAO)
+
+// ---- vector products, norms, trace, transform: smxdotproduct_*, smxcrossproduct_*, smxl2norm_*, smxtrace_*,
+// smxfrobnorm_*, smxaffinetransform3dh_*
+
+#define SMX_DOT(a, b, d) (a, src1), (b, src2), (d, dst), (LEN, len)
+#define SMX_CROSS(a, b, d) (a, src1), (b, src2), (d, dst)
+#define SMX_FROBENIUS(a, d) (a, src), (W, width), (H, height), (d, dst)
+
+#define SMX_ROW_DotProduct_vv SINGLE, (DotProduct), (orders::single), SMX_DOT(V, V, R)
+#define SMX_ROW_DotProduct_vav ARRAY, (DotProduct), (orders::array, bounds::dot_one_array), SMX_DOT(VA, V, RA)
+#define SMX_ROW_DotProduct_vava ARRAY, (DotProduct), (orders::array, bounds::dot_two_arrays), SMX_DOT(VA, VA, RA)
+#define SMX_ROW_CrossProduct_vv SINGLE, (CrossProduct), (orders::single), SMX_CROSS(V, V, VO)
+#define SMX_ROW_CrossProduct_vav \
+    ARRAY, (CrossProduct), (orders::count_after_strides, bounds::cross_one_array), SMX_CROSS(VA, V, VAO)
+#define SMX_ROW_CrossProduct_vva ARRAY, (CrossProduct), (orders::array, bounds::cross_one_array), SMX_CROSS(V, VA, VAO)
+#define SMX_ROW_CrossProduct_vava ARRAY, (CrossProduct), (orders::array, bounds::cross_two_arrays), SMX_CROSS(VA, VA, VAO)
+#define SMX_ROW_L2Norm_v SINGLE, (L2Norm), (orders::single), (V, src), (R, dst), (LEN, len)
+#define SMX_ROW_L2Norm_va ARRAY, (L2Norm), (orders::array, bounds::l2norm), (VA, src), (RA, dst), (LEN, len)
+#define SMX_ROW_Trace_m SINGLE, (Trace), (orders::single), (M, src), (SIDE, widthHeight), (R, dst)
+#define SMX_ROW_Trace_ma ARRAY, (Trace), (orders::array, bounds::trace), (MA, src), (SIDE, widthHeight), (RA, dst)
+// one strided kernel for every stride2
+#define SMX_ROW_FrobNorm_m SINGLE_ONE_KERNEL, (FrobeniusNorm), (orders::single), SMX_FROBENIUS(M, R)
+#define SMX_ROW_FrobNorm_ma ARRAY, (FrobeniusNorm), (orders::array, bounds::frobnorm), SMX_FROBENIUS(MA, RA)
+#define SMX_ROW_AffineTransform3DH_mva \
+    ARRAY_STRIDED_FLOAT, (AffineTransform), (orders::array, bounds::affine), (M, src1), (VA, src2), (VAO, dst)
+
+#define SMX_CATALOGUE_VECTORS(ROW)                                                                                 \
+    ROW(Mul_mv)                                                                                                    \
+    ROW(Mul_tv) ROW(Mul_mav) ROW(Mul_tav) ROW(Mul_mava) ROW(Mul_tava) ROW(Mul_mva) ROW(Mul_tva) ROW(Gaxpy_mv)      \
+        ROW(Gaxpy_mva) ROW(Gaxpy_mvav) ROW(Mul_mc) ROW(Mul_tc) ROW(Mul_mac) ROW(Mul_tac) ROW(Saxpy_vv)             \
+            ROW(Saxpy_vav) ROW(Saxpy_vva) ROW(Saxpy_vava) ROW(LComb_vv) ROW(LComb_vav) ROW(LComb_vava)             \
+                ROW(DotProduct_vv) ROW(DotProduct_vav) ROW(DotProduct_vava) ROW(CrossProduct_vv)                   \
+                    ROW(CrossProduct_vav) ROW(CrossProduct_vva) ROW(CrossProduct_vava) ROW(L2Norm_v) ROW(L2Norm_va) \
+                        ROW(Trace_m) ROW(Trace_ma) ROW(FrobNorm_m) ROW(FrobNorm_ma) ROW(AffineTransform3DH_mva)
+
 // ---- the whole
 
-#define SMX_CATALOGUE(ROW) SMX_CATALOGUE_SUMS(ROW) SMX_CATALOGUE_PRODUCTS(ROW) SMX_CATALOGUE_LU(ROW)
+#define SMX_CATALOGUE(ROW) SMX_CATALOGUE_SUMS(ROW) SMX_CATALOGUE_PRODUCTS(ROW) SMX_CATALOGUE_LU(ROW) \
+    SMX_CATALOGUE_CHOLESKY(ROW) SMX_CATALOGUE_QR(ROW) SMX_CATALOGUE_DET_INVERT(ROW) \
+    SMX_CATALOGUE_VECTORS(ROW) \
+    SMX_CATALOGUE_EIGEN(ROW)

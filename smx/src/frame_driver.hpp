@@ -20,6 +20,11 @@ struct Share {
     void *scratch;
 };
 
+// Elements of scratch for an elimination in a copy of a matrix: the copy, and room for its row index.
+constexpr std::size_t elimination_scratch(int side) {
+    return static_cast<std::size_t>(side) * (static_cast<std::size_t>(side) + 1);
+}
+
 // direct() runs the kernel on the caller's arguments, share(s) on the objects of s; last_fits(f) says whether a share
 // that starts at object f can be described. A scratch family gives the bytes of one thread's scratch.
 template <class Direct, class Body, class Fits>

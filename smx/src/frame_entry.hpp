@@ -87,6 +87,11 @@ template <class T, const Rules &rules, Layout layout, class... Operands>
 template <class T, const Rules &rules, Layout layout, class Driver, class Kernel, class KernelS2, class... Operands>
 [[gnu::always_inline]] inline SmxStatus enter(Driver driver, Kernel kernel, KernelS2 kernel_s2, const Operands &...o) {
     if (const SmxStatus status = first_failure<T, rules, layout>(o...); status != smxStsNoErr) return status;
+    if constexpr (rules.at_once == AtOnce::side_one) {
+        Sizes sizes;
+        (o.put(sizes), ...);
+        if (sizes[Role::side] == 1) return side_one_at_once(o...); // of the row's family
+    }
     const bool adjacent = (o.adjacent() && ...);
     // Not `work != nullptr`: under the sanitizers GCC takes no function address for a constant.
     if constexpr (rules.bounds.strided.f32 != no_driver)

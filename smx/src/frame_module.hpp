@@ -3,10 +3,15 @@
 //   SMX_MODULE(Add_mm)               interface functions and kernels of a row
 //   SMX_MODULE_VIA(Add_mam, Add_mm)  the same, where the list kernels call the non-array kernels of another row
 //   SMX_MODULE_VIA_S2(Mul_mama, Mul_mm)  the same, but only the _LS2 kernels call another one
+//   SMX_MODULE_VIA_P(CholeskyDecomp_ma, CholeskyDecomp_m)  the same, but only the _P kernels call another one
+//   SMX_MODULE_VIA_PLAIN_32f(CholeskyBackSubst_mva, CholeskyBackSubst_mv)  the same for one kernel alone
 //   SMX_MODULE_COM(LUDecomp_m, (LUGeneral))     a row whose kernels leave their general path to `_com` kernels
 //   SMX_MODULE_VIA_COM(LUDecomp_ma, LUDecomp_m)  its array row, which calls those `_com` kernels for each object
+//   SMX_MODULE_VIA_COM_BUT_P(Invert_ma, Invert_m)  the same, but the _P kernels have their own general path
 //   SMX_DRIVERS(Add_mam)             the drivers of an array row
 //   SMX_DRIVERS_WITH_SCRATCH(Det_ma, elements)  the same with so many elements of scratch for each thread
+//   SMX_DRIVERS_WITH_SCRATCH(EigenValues_ma, query)  the same for a row with one kernel: as many bytes as query_32f or
+//                                                _64f says
 //
 // All three tiers are exported, and each calls the next by its name, so that one that a user preloads is the one
 // called.
@@ -83,6 +88,27 @@ inline bool replaced(Function *called, Function *ours) {
     SMX_STAMP_VIA_COM(name, single, float, 32f, family, __VA_ARGS__)  \
     SMX_STAMP_VIA_COM(name, single, double, 64f, family, __VA_ARGS__)
 
+#define SMX_MODULE_VIA_COM_BUT_P(name, single) SMX_MODULE_VIA_COM_BUT_P_1(name, single, SMX_ROW_##name)
+#define SMX_MODULE_VIA_COM_BUT_P_1(name, single, ...) SMX_MODULE_VIA_COM_BUT_P_2(name, single, __VA_ARGS__)
+#define SMX_MODULE_VIA_COM_BUT_P_2(name, single, shape, family, rules, ...) \
+    SMX_RULES(name, rules)                                                  \
+    SMX_STAMP_VIA_COM_BUT_P(name, single, float, 32f, family, __VA_ARGS__)  \
+    SMX_STAMP_VIA_COM_BUT_P(name, single, double, 64f, family, __VA_ARGS__)
+
+#define SMX_MODULE_VIA_P(name, inner) SMX_MODULE_VIA_P_1(name, inner, SMX_ROW_##name)
+#define SMX_MODULE_VIA_P_1(name, inner, ...) SMX_MODULE_VIA_P_2(name, inner, __VA_ARGS__)
+#define SMX_MODULE_VIA_P_2(name, inner, shape, family, rules, ...) \
+    SMX_RULES(name, rules)                                         \
+    SMX_STAMP_VIA_P(name, inner, float, 32f, family, __VA_ARGS__)  \
+    SMX_STAMP_VIA_P(name, inner, double, 64f, family, __VA_ARGS__)
+
+#define SMX_MODULE_VIA_PLAIN_32f(name, inner) SMX_MODULE_VIA_PLAIN_32f_1(name, inner, SMX_ROW_##name)
+#define SMX_MODULE_VIA_PLAIN_32f_1(name, inner, ...) SMX_MODULE_VIA_PLAIN_32f_2(name, inner, __VA_ARGS__)
+#define SMX_MODULE_VIA_PLAIN_32f_2(name, inner, shape, family, rules, ...) \
+    SMX_RULES(name, rules)                                                 \
+    SMX_STAMP_VIA_PLAIN(name, inner, float, 32f, family, __VA_ARGS__)      \
+    SMX_STAMP_ARRAY(name, double, 64f, family, __VA_ARGS__)
+
 #define SMX_DRIVERS(name) SMX_DRIVERS_1(name, 0, SMX_ROW_##name)
 #define SMX_DRIVERS_WITH_SCRATCH(name, elements) SMX_DRIVERS_1(name, elements, SMX_ROW_##name)
 #define SMX_DRIVERS_1(name, elements, ...) SMX_DRIVERS_2(name, elements, __VA_ARGS__)
@@ -117,6 +143,7 @@ inline bool replaced(Function *called, Function *ours) {
     SMX_KERNEL(ownsmx##name##_##type##_P, P, P, T, family, __VA_ARGS__)   \
     SMX_OWN_NAME(ownsmx##name##_##type, A, T, __VA_ARGS__)                \
     SMX_OWN_NAME(ownsmx##name##_##type##_S2, S, T, __VA_ARGS__)           \
+    SMX_OWN_NAME(ownsmx##name##_##type##_P, P, T, __VA_ARGS__)            \
     SMX_STAMP_SINGLE_INTERFACE(name, T, type, __VA_ARGS__)
 
 #define SMX_STAMP_SINGLE_INTERFACE(name, T, type, ...)                                                             \
@@ -135,10 +162,13 @@ inline bool replaced(Function *called, Function *ours) {
 #define SMX_STAMP_ARRAY(name, T, type, family, ...) \
     SMX_STAMP_ARRAY_COUNTED(name, T, type, family, __VA_ARGS__, (N, count))
 #define SMX_STAMP_ARRAY_COUNTED(name, T, type, family, ...)                 \
-    SMX_STAMP_ARRAY_KERNELS(name, T, type, family, __VA_ARGS__)             \
-    SMX_KERNEL(ownsmx##name##_##type##_L, L, LA, T, family, __VA_ARGS__)    \
-    SMX_KERNEL(ownsmx##name##_##type##_LS2, LS2, L, T, family, __VA_ARGS__) \
+    SMX_STAMP_ARRAY_KERNELS(name, T, type, family, __VA_ARGS__) \
+    SMX_STAMP_LIST_KERNELS(name, T, type, family, __VA_ARGS__)  \
     SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__)
+
+#define SMX_STAMP_LIST_KERNELS(name, T, type, family, ...)               \
+    SMX_KERNEL(ownsmx##name##_##type##_L, L, LA, T, family, __VA_ARGS__) \
+    SMX_KERNEL(ownsmx##name##_##type##_LS2, LS2, L, T, family, __VA_ARGS__)
 
 #define SMX_STAMP_ARRAY_KERNELS(name, T, type, family, ...)               \
     SMX_KERNEL(ownsmx##name##_##type, Plain, A, T, family, __VA_ARGS__)   \
@@ -157,6 +187,20 @@ inline bool replaced(Function *called, Function *ours) {
     SMX_KERNEL(ownsmx##name##_##type##_L, L, LA, T, family, __VA_ARGS__, (N, count))                            \
     SMX_KERNEL_VIA(ownsmx##name##_##type##_LS2, ownsmx##inner##_##type##_S2, LS2, L, S, T, family, SMX_COUNTED, \
                    __VA_ARGS__)                                                                                 \
+    SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__, (N, count))
+
+#define SMX_STAMP_VIA_P(name, inner, T, type, family, ...)                                                          \
+    SMX_KERNEL(ownsmx##name##_##type, Plain, A, T, family, __VA_ARGS__, (N, count))                                 \
+    SMX_KERNEL(ownsmx##name##_##type##_S2, S2, S, T, family, __VA_ARGS__, (N, count))                               \
+    SMX_KERNEL_VIA(ownsmx##name##_##type##_P, ownsmx##inner##_##type##_P, P, P, P, T, family, SMX_COUNTED,          \
+                   __VA_ARGS__)                                                                                     \
+    SMX_STAMP_LIST_KERNELS(name, T, type, family, __VA_ARGS__, (N, count))                                          \
+    SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__, (N, count))
+#define SMX_STAMP_VIA_PLAIN(name, inner, T, type, family, ...)                                                      \
+    SMX_KERNEL_VIA(ownsmx##name##_##type, ownsmx##inner##_##type, Plain, A, A, T, family, SMX_COUNTED, __VA_ARGS__) \
+    SMX_KERNEL(ownsmx##name##_##type##_S2, S2, S, T, family, __VA_ARGS__, (N, count))                               \
+    SMX_KERNEL(ownsmx##name##_##type##_P, P, P, T, family, __VA_ARGS__, (N, count))                                 \
+    SMX_STAMP_LIST_KERNELS(name, T, type, family, __VA_ARGS__, (N, count))                                          \
     SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__, (N, count))
 
 // A kernel that calls another one for each of its objects: a list kernel the non-array kernel, or a kernel with paths
@@ -185,18 +229,24 @@ inline bool replaced(Function *called, Function *ours) {
     SMX_KERNEL_VIA(ownsmx##name##_##type##_P, ownsmx##name##_##type##_P_com, P, P, P, T, family, SMX_UNCOUNTED,     \
                    __VA_ARGS__)                                                                                     \
     SMX_STAMP_SINGLE_INTERFACE(name, T, type, __VA_ARGS__)
-#define SMX_STAMP_VIA_COM(name, single, T, type, family, ...)                                                          \
+#define SMX_STAMP_VIA_COM(name, single, T, type, family, ...)                                                   \
+    SMX_STAMP_VIA_COM_STRIDED(name, single, T, type, family, __VA_ARGS__)                                       \
+    SMX_KERNEL_VIA(ownsmx##name##_##type##_P, ownsmx##single##_##type##_P_com, P, P, P, T, family, SMX_COUNTED, \
+                   __VA_ARGS__)                                                                                 \
+    SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__, (N, count))
+#define SMX_STAMP_VIA_COM_BUT_P(name, single, T, type, family, ...)                 \
+    SMX_STAMP_VIA_COM_STRIDED(name, single, T, type, family, __VA_ARGS__)           \
+    SMX_KERNEL(ownsmx##name##_##type##_P, P, P, T, family, __VA_ARGS__, (N, count)) \
+    SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__, (N, count))
+#define SMX_STAMP_VIA_COM_STRIDED(name, single, T, type, family, ...)                                                  \
     SMX_KERNEL_VIA_(ownsmx##name##_##type, SMX_COM_PLAIN_##single(single, type), Plain, A, A, T, family, SMX_COUNTED,  \
                     __VA_ARGS__)                                                                                       \
     SMX_KERNEL_VIA(ownsmx##name##_##type##_S2, ownsmx##single##_##type##_S2_com, S2, S, S, T, family, SMX_COUNTED,     \
                    __VA_ARGS__)                                                                                        \
-    SMX_KERNEL_VIA(ownsmx##name##_##type##_P, ownsmx##single##_##type##_P_com, P, P, P, T, family, SMX_COUNTED,        \
-                   __VA_ARGS__)                                                                                        \
     SMX_KERNEL_VIA_(ownsmx##name##_##type##_L, SMX_COM_PLAIN_##single(single, type), L, LA, A, T, family, SMX_COUNTED, \
                     __VA_ARGS__)                                                                                       \
     SMX_KERNEL_VIA(ownsmx##name##_##type##_LS2, ownsmx##single##_##type##_S2_com, LS2, L, S, T, family, SMX_COUNTED,   \
-                   __VA_ARGS__)                                                                                        \
-    SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__, (N, count))
+                   __VA_ARGS__)
 
 // The plain `_com` kernel of each of the two families that have one.
 #define SMX_COM_PLAIN_LUDecomp_m(name, type) ownsmx##name##_##type##_S_com
@@ -230,6 +280,27 @@ inline bool replaced(Function *called, Function *ours) {
             SMX_CALL(ownsmx##name##_##type##_LS2, L, T, __VA_ARGS__), SMX_LIST(OPERAND, L, T, __VA_ARGS__)); \
     }
 
+// A row with one element type and one layout: float, strided.
+#define SMX_STAMP_ARRAY_STRIDED_FLOAT(name, T, type, family, ...) \
+    SMX_STRIDED_FLOAT_##type(name, T, type, family, __VA_ARGS__, (N, count))
+#define SMX_STRIDED_FLOAT_64f(...)
+#define SMX_STRIDED_FLOAT_32f(name, T, type, family, ...)                                                   \
+    SMX_KERNEL(ownsmx##name##_##type, Plain, A, T, family, __VA_ARGS__)                                     \
+    SMX_KERNEL(ownsmx##name##_##type##_S2, S2, S, T, family, __VA_ARGS__)                                   \
+    SMX_FUNCTION(ownOMP_smx##name##_##type, S, T, __VA_ARGS__);                                             \
+    SMX_FUNCTION(smx##name##_##type, S, T, __VA_ARGS__) {                                                   \
+        return smx::enter<T, smx::rules_##name, smx::Layout::strided>(                                      \
+            SMX_CALL(ownOMP_smx##name##_##type, S, T, __VA_ARGS__),                                         \
+            SMX_CALL(ownsmx##name##_##type, A, T, __VA_ARGS__),                                             \
+            SMX_CALL(ownsmx##name##_##type##_S2, S, T, __VA_ARGS__), SMX_LIST(OPERAND, S, T, __VA_ARGS__)); \
+    }
+#define SMX_STAMP_DRIVERS_ARRAY_STRIDED_FLOAT(name, T, type, elements, ...) \
+    SMX_STRIDED_FLOAT_DRIVER_##type(name, T, type, elements, __VA_ARGS__, (N, count))
+#define SMX_STRIDED_FLOAT_DRIVER_64f(...)
+#define SMX_STRIDED_FLOAT_DRIVER_32f(name, T, type, elements, ...)                                                 \
+    SMX_DRIVER(ownOMP_smx##name##_##type, S, ownsmx##name##_##type, A, ownsmx##name##_##type##_S2, S, T, elements, \
+               __VA_ARGS__)
+
 #define SMX_STAMP_DRIVERS_ARRAY(name, T, type, elements, ...) \
     SMX_STAMP_DRIVERS_ARRAY_COUNTED(name, T, type, elements, __VA_ARGS__, (N, count))
 #define SMX_STAMP_DRIVERS_ARRAY_COUNTED(name, T, type, elements, ...)                                              \
@@ -260,3 +331,49 @@ inline bool replaced(Function *called, Function *ours) {
             SMX_SCRATCH_BYTES(elements, T));                                                                     \
     }
 #define SMX_SCRATCH_BYTES(elements, T) static_cast<std::size_t>(elements) * sizeof(T)
+
+// The general eigen families: one kernel for each layout, with every stride, and scratch of as many bytes as a size
+// query says. Count and scratch stand in the row.
+#define SMX_STAMP_SINGLE_ONE_KERNEL(name, T, type, family, ...)                                                    \
+    SMX_KERNEL(ownsmx##name##_##type, S2, S, T, family, __VA_ARGS__)                                               \
+    SMX_KERNEL(ownsmx##name##_##type##_P, P, P, T, family, __VA_ARGS__)                                            \
+    SMX_FUNCTION(smx##name##_##type, S, T, __VA_ARGS__) {                                                          \
+        const auto kernel = SMX_CALL(ownsmx##name##_##type, S, T, __VA_ARGS__);                                    \
+        return smx::enter<T, smx::rules_##name, smx::Layout::strided>([] { return smxStsNoErr; }, kernel, kernel,  \
+                                                                      SMX_LIST(OPERAND, S, T, __VA_ARGS__));       \
+    }                                                                                                              \
+    SMX_FUNCTION(smx##name##_##type##_P, P, T, __VA_ARGS__) {                                                      \
+        const auto kernel = SMX_CALL(ownsmx##name##_##type##_P, P, T, __VA_ARGS__);                                \
+        return smx::enter<T, smx::rules_##name, smx::Layout::pointers>([] { return smxStsNoErr; }, kernel, kernel, \
+                                                                       SMX_LIST(OPERAND, P, T, __VA_ARGS__));      \
+    }
+#define SMX_STAMP_ARRAY_ONE_KERNEL(name, T, type, family, ...)                      \
+    SMX_ONE_KERNEL_ARRAY(name##_##type, name, S2, S, strided, T, family, __VA_ARGS__)   \
+    SMX_ONE_KERNEL_ARRAY(name##_##type##_P, name, P, P, pointers, T, family, __VA_ARGS__) \
+    SMX_ONE_KERNEL_ARRAY(name##_##type##_L, name, LS2, L, list, T, family, __VA_ARGS__)
+#define SMX_ONE_KERNEL_ARRAY(function, name, tier, layout, layout_name, T, family, ...)                              \
+    SMX_KERNEL(ownsmx##function, tier, layout, T, family, __VA_ARGS__)                                               \
+    SMX_FUNCTION(ownOMP_smx##function, layout, T, __VA_ARGS__);                                                      \
+    SMX_FUNCTION(smx##function, layout, T, __VA_ARGS__) {                                                            \
+        const auto kernel = SMX_CALL(ownsmx##function, layout, T, __VA_ARGS__);                                      \
+        return smx::enter<T, smx::rules_##name, smx::Layout::layout_name>(                                           \
+            SMX_CALL(ownOMP_smx##function, layout, T, __VA_ARGS__), kernel, kernel,                                  \
+            SMX_LIST(OPERAND, layout, T, __VA_ARGS__));                                                              \
+    }
+
+#define SMX_STAMP_DRIVERS_ARRAY_ONE_KERNEL(name, T, type, query, ...)          \
+    SMX_ONE_KERNEL_DRIVER(name##_##type, S, T, query##_##type, __VA_ARGS__)    \
+    SMX_ONE_KERNEL_DRIVER(name##_##type##_P, P, T, query##_##type, __VA_ARGS__) \
+    SMX_ONE_KERNEL_DRIVER(name##_##type##_L, L, T, query##_##type, __VA_ARGS__)
+#define SMX_ONE_KERNEL_DRIVER(function, layout, T, query, ...)                                                \
+    SMX_FUNCTION(ownsmx##function, layout, T, __VA_ARGS__);                                                   \
+    SMX_FUNCTION(ownOMP_smx##function, layout, T, __VA_ARGS__) {                                              \
+        int bytes = 0;                                                                                        \
+        query(widthHeight, &bytes);                                                                           \
+        return smx::drive(                                                                                    \
+            count,                                                                                            \
+            [&](std::ptrdiff_t first) { return smx::all_fit(first, SMX_LIST(OPERAND, layout, T, __VA_ARGS__)); }, \
+            SMX_CALL(ownsmx##function, layout, T, __VA_ARGS__),                                               \
+            [&](const smx::Share &share) { return ownsmx##function(SMX_LIST(SHARE, layout, T, __VA_ARGS__)); }, \
+            static_cast<std::size_t>(bytes));                                                                 \
+    }

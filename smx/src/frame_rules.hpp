@@ -46,7 +46,7 @@ inline constexpr Order match_last{{null, count, size, strides, match},
 // Add and Sub mam, Sub mma: the strided members test their strides before their size.
 inline constexpr Order size_after_strides{
     {null, count, strides, size}, {null, count, size, strides, shifts}, {null, count, size, strides, shifts}};
-// Add and Sub vav: the count comes last but for the pointer layout's shifts.
+// Add, Sub and CrossProduct vav: the count comes last but for the pointer layout's shifts.
 inline constexpr Order count_after_strides{
     {null, size, strides, count}, {null, size, strides, count, shifts}, {null, size, strides, shifts, count}};
 // Symmetric eigenvalues and values of general matrices: size before count, shifts before strides.
@@ -169,12 +169,17 @@ inline constexpr MatchOf gaxpy = [](const Sizes &s) { return s[width1] == s[len2
 inline constexpr MatchOf at_least_as_high = [](const Sizes &s) { return s[width] <= s[height]; };
 } // namespace match
 
+// ---- what an interface function does itself, after the checks and before it chooses a tier
+
+enum class AtOnce { nothing, side_one };
+
 // ---- one row's rules
 
 struct Rules {
     Order order;
     Bounds bounds = bounds::none;
     MatchOf match = nullptr;
+    AtOnce at_once = AtOnce::nothing;
 };
 
 } // namespace SMX_ISA
