@@ -10,14 +10,14 @@
 namespace robot {
 
 // One overload a type: everything else in the program is written once, for any element type.
-#define ROBOT_OVERLOADS(operation)                                                                                     \
-    template <class... Arguments>                                                                                      \
-    SmxStatus operation(float, Arguments... arguments) {                                                               \
-        return smx##operation##_32f(arguments...);                                                                     \
-    }                                                                                                                  \
-    template <class... Arguments>                                                                                      \
-    SmxStatus operation(double, Arguments... arguments) {                                                              \
-        return smx##operation##_64f(arguments...);                                                                     \
+#define ROBOT_OVERLOADS(operation)                        \
+    template <class... Arguments>                         \
+    SmxStatus operation(float, Arguments... arguments) {  \
+        return smx##operation##_32f(arguments...);        \
+    }                                                     \
+    template <class... Arguments>                         \
+    SmxStatus operation(double, Arguments... arguments) { \
+        return smx##operation##_64f(arguments...);        \
     }
 ROBOT_OVERLOADS(Mul_mm)
 ROBOT_OVERLOADS(Mul_mt)
@@ -51,13 +51,13 @@ struct Work {
 };
 
 class Stopwatch {
-  public:
+public:
     Stopwatch(Work &measured, int objects) : work(measured) { work.objects += objects; }
     ~Stopwatch() { work.seconds += std::chrono::duration<double>(Clock::now() - start).count(); }
     Stopwatch(const Stopwatch &) = delete;
     Stopwatch &operator=(const Stopwatch &) = delete;
 
-  private:
+private:
     using Clock = std::chrono::steady_clock;
     Work &work;
     Clock::time_point start = Clock::now();

@@ -1,7 +1,7 @@
 // Inverse kinematics of all poses at once by Newton's method: q <- q + J(q)^-1 e, where e is the difference of the
 // poses (position, and axis times angle of the rotation between them) and J the geometric Jacobian in base
-// coordinates; damped (Levenberg) where J is singular or nearly: (J'J + lambda^2 I) dq = J'e. Both e and the columns of J
-// are spatial vectors: the turn about x, y, z on top, the shift along x, y, z below.
+// coordinates; damped (Levenberg) where J is singular or nearly: (J'J + lambda^2 I) dq = J'e. Both e and the columns of
+// J are spatial vectors: the turn about x, y, z on top, the shift along x, y, z below.
 #pragma once
 
 #include <algorithm>
@@ -33,12 +33,12 @@ struct Singularities {
 
 template <class T, template <class> class Calls>
 class InverseKinematics {
-  public:
+public:
     explicit InverseKinematics(const std::vector<Pose> &path)
-        : angles(path.size() * joints), positionError(path.size()), angleError(path.size()),
-          calls{static_cast<int>(path.size())}, size(path.size()), wanted(size * 16), link(size * 16),
-          frame(size * 16), nextFrame(size * 16), between(size * 9), jacobian(size * 36), factors(size * 36),
-          error(size * joints), step(size * joints), pivots(size * joints) {
+        : angles(path.size() * joints), positionError(path.size()),
+          angleError(path.size()), calls{static_cast<int>(path.size())}, size(path.size()), wanted(size * 16),
+          link(size * 16), frame(size * 16), nextFrame(size * 16), between(size * 9), jacobian(size * 36),
+          factors(size * 36), error(size * joints), step(size * joints), pivots(size * joints) {
         for (std::size_t n = 0; n < size; ++n) std::copy(path[n].begin(), path[n].end(), wanted.begin() + at(n, 16));
     }
 
@@ -76,8 +76,8 @@ class InverseKinematics {
     std::vector<double> positionError, angleError;
     Singularities singularities;
 
-  private:
-    static constexpr T largestStep = T(0.4);  // radians, of the joint that moves most
+private:
+    static constexpr T largestStep = T(0.4); // radians, of the joint that moves most
     static constexpr T lambda = T(0.05);
     // Pivots further apart than this count as singular.
     static constexpr T smallestPivotRatio = T(1e-4);

@@ -17,10 +17,22 @@ Pose poseOf(const std::array<double, 6> &row) {
     const double cr = std::cos(row[3] * degree), sr = std::sin(row[3] * degree);
     const double cp = std::cos(row[4] * degree), sp = std::sin(row[4] * degree);
     const double cy = std::cos(row[5] * degree), sy = std::sin(row[5] * degree);
-    return {cy * cp, cy * sp * sr - sy * cr, cy * sp * cr + sy * sr, row[0] / 1000,
-            sy * cp, sy * sp * sr + cy * cr, sy * sp * cr - cy * sr, row[1] / 1000,
-            -sp,     cp * sr,                cp * cr,                row[2] / 1000,
-            0,       0,                      0,                      1};
+    return {cy * cp,
+            cy * sp * sr - sy * cr,
+            cy * sp * cr + sy * sr,
+            row[0] / 1000,
+            sy * cp,
+            sy * sp * sr + cy * cr,
+            sy * sp * cr - cy * sr,
+            row[1] / 1000,
+            -sp,
+            cp * sr,
+            cp * cr,
+            row[2] / 1000,
+            0,
+            0,
+            0,
+            1};
 }
 
 std::runtime_error badLine(const std::string &file, int line, const std::string &what) {
@@ -36,7 +48,8 @@ std::vector<Pose> readPath(const std::string &file) {
     std::string text;
     for (int line = 1; std::getline(in, text); ++line) {
         if (!text.empty() && text.back() == '\r') text.pop_back();
-        if (text.empty() || text[0] == '#' || (line == 1 && std::isalpha(static_cast<unsigned char>(text[0])))) continue;
+        if (text.empty() || text[0] == '#' || (line == 1 && std::isalpha(static_cast<unsigned char>(text[0]))))
+            continue;
         std::array<double, 6> row{};
         const char *at = text.data(), *const end = at + text.size();
         for (std::size_t column = 0; column < row.size(); ++column) {

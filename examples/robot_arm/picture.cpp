@@ -19,12 +19,20 @@ struct Vec {
     friend Vec operator-(Vec a, Vec b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
     friend Vec operator*(double s, Vec a) { return {s * a.x, s * a.y, s * a.z}; }
 };
-double dot(Vec a, Vec b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
-Vec cross(Vec a, Vec b) { return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x}; }
-Vec unit(Vec a) { return 1 / std::sqrt(std::max(dot(a, a), 1e-30)) * a; }
+double dot(Vec a, Vec b) {
+    return a.x * b.x + a.y * b.y + a.z * b.z;
+}
+Vec cross(Vec a, Vec b) {
+    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
+Vec unit(Vec a) {
+    return 1 / std::sqrt(std::max(dot(a, a), 1e-30)) * a;
+}
 
 using Colour = Vec; // red, green, blue from 0 to 1
-Colour mix(Colour a, Colour b, double part) { return (1 - part) * a + part * b; }
+Colour mix(Colour a, Colour b, double part) {
+    return (1 - part) * a + part * b;
+}
 
 // Along the path: a ramp of even lightness steps (the stops of matplotlib's "plasma", rounded).
 Colour ramp(double part) {
@@ -42,7 +50,7 @@ constexpr double infinite = std::numeric_limits<double>::infinity();
 
 // A depth buffer of several samples a pixel, and the camera that looks at it.
 class Canvas {
-  public:
+public:
     Canvas() : colour(size()), depth(size(), infinite) {
         for (std::size_t row = 0; row < rows; ++row)
             std::fill_n(colour.begin() + static_cast<long>(row * columns), columns,
@@ -112,14 +120,14 @@ class Canvas {
         cairo_surface_mark_dirty(image);
     }
 
-  private:
+private:
     static constexpr std::size_t columns = width * samples, rows = height * samples;
     static std::size_t size() { return columns * rows; }
     static double edge(Vec a, Vec b, double x, double y) { return (b.x - a.x) * (y - a.y) - (b.y - a.y) * (x - a.x); }
 
-    static constexpr double lens = 1.75 * height * samples;
-    static inline const Vec eye = {1.75, -1.55, 1.75};
-    static inline const Vec ahead = unit(Vec{0.29, 0.02, 0.53} - eye);
+    static constexpr double lens = 1.8 * height * samples;
+    static inline const Vec eye = {2.05, -1.2, 1.85};
+    static inline const Vec ahead = unit(Vec{0.18, -0.03, 0.53} - eye);
     static inline const Vec side = unit(cross(ahead, {0, 0, 1}));
     static inline const Vec up = cross(side, ahead);
 
@@ -140,7 +148,7 @@ Colour lit(Colour paint, Vec normal, Vec at) {
 
 // Draws solids on a canvas, or their shadows.
 class Brush {
-  public:
+public:
     Brush(Canvas &target, bool asShadow = false) : canvas(target), shadow(asShadow) {}
 
     void triangle(const std::array<Vec, 3> &corner, const std::array<Vec, 3> &normal, Colour paint) {
@@ -185,7 +193,8 @@ class Brush {
     void cylinder(Vec a, Vec b, double radius, Colour paint) { taper(a, b, radius, radius, paint); }
     void taper(Vec a, Vec b, double from, double to, Colour paint) {
         const double length = std::sqrt(dot(b - a, b - a)), bevel = std::min(0.008, length / 4);
-        turned(a, b, {{0, 0}, {0, from - bevel}, {bevel, from}, {length - bevel, to}, {length, to - bevel}, {length, 0}},
+        turned(a, b,
+               {{0, 0}, {0, from - bevel}, {bevel, from}, {length - bevel, to}, {length, to - bevel}, {length, 0}},
                paint);
     }
     void ball(Vec centre, double radius, Colour paint) {
@@ -197,7 +206,7 @@ class Brush {
         turned(centre - Vec{0, 0, radius}, centre + Vec{0, 0, radius}, profile, paint);
     }
 
-  private:
+private:
     Canvas &canvas;
     bool shadow;
 };
@@ -232,23 +241,24 @@ void drawPedestal(Brush &brush) {
 }
 
 // The upper arm and the forearm run in the plane that lies link 3's offset beside the waist.
-void drawArm(Brush &brush, const Angles &angles, Colour tip) {
+void drawArm(Brush &brush, const Angles &angles, Colour tip, double tint) {
+    const auto tinted = [&](Colour paint) { return mix(paint, tip, tint); };
     const auto f = framesOf(angles);
     const Vec shoulder = f[1].origin, axis = f[1].z, aside = puma560[2].d * axis;
     const Vec elbow = f[2].origin + aside, wrist = f[4].origin, pen = f[6].z;
-    brush.cylinder(shoulder - Vec{0, 0, 0.27}, shoulder + Vec{0, 0, 0.085}, 0.078, white);
-    brush.cylinder(shoulder - 0.11 * axis, shoulder + (puma560[2].d - 0.055) * axis, 0.074, white);
+    brush.cylinder(shoulder - Vec{0, 0, 0.27}, shoulder + Vec{0, 0, 0.085}, 0.078, tinted(white));
+    brush.cylinder(shoulder - 0.11 * axis, shoulder + (puma560[2].d - 0.055) * axis, 0.074, tinted(white));
     // Upper arm with its joints.
-    brush.cylinder(shoulder + aside - 0.055 * axis, shoulder + aside + 0.055 * axis, 0.088, grey);
-    brush.taper(shoulder + aside, elbow, 0.066, 0.052, white);
-    brush.cylinder(elbow - 0.058 * axis, elbow + 0.058 * axis, 0.068, grey);
+    brush.cylinder(shoulder + aside - 0.055 * axis, shoulder + aside + 0.055 * axis, 0.088, tinted(grey));
+    brush.taper(shoulder + aside, elbow, 0.066, 0.052, tinted(white));
+    brush.cylinder(elbow - 0.058 * axis, elbow + 0.058 * axis, 0.068, tinted(grey));
     // Forearm, wrist and pen.
     const Vec out = unit(wrist - f[3].origin);
-    brush.taper(f[3].origin, wrist - 0.075 * out, 0.054, 0.036, white);
-    brush.taper(wrist - 0.075 * out, wrist - 0.02 * out, 0.038, 0.032, grey);
-    brush.cylinder(wrist - 0.042 * f[4].z, wrist + 0.042 * f[4].z, 0.034, steel);
-    brush.ball(wrist, 0.038, steel);
-    brush.cylinder(wrist, wrist + 0.056 * pen, 0.026, grey);
+    brush.taper(f[3].origin, wrist - 0.075 * out, 0.054, 0.036, tinted(white));
+    brush.taper(wrist - 0.075 * out, wrist - 0.02 * out, 0.038, 0.032, tinted(grey));
+    brush.cylinder(wrist - 0.042 * f[4].z, wrist + 0.042 * f[4].z, 0.034, tinted(steel));
+    brush.ball(wrist, 0.038, tinted(steel));
+    brush.cylinder(wrist, wrist + 0.056 * pen, 0.026, tinted(grey));
     brush.cylinder(wrist + 0.056 * pen, wrist + 0.118 * pen, 0.011, tip);
     brush.turned(wrist + 0.118 * pen, wrist + penLength * pen, {{0, 0.011}, {penLength - 0.118, 0.0005}}, tip);
 }
@@ -256,7 +266,7 @@ void drawArm(Brush &brush, const Angles &angles, Colour tip) {
 // The board under the path: a height over the plane of the mean normal, carried on from every pose along its own plane
 // and weighted by nearness.
 class Board {
-  public:
+public:
     explicit Board(const std::vector<Pose> &path) {
         for (const Pose &pose : path) {
             middle = middle + Vec{pose[3], pose[7], pose[11]};
@@ -280,9 +290,13 @@ class Board {
         constexpr int cells = 72;
         constexpr Colour paper = {0.97, 0.96, 0.92}, rim = {0.55, 0.42, 0.30};
         const double half = reach + 0.045, thick = 0.022;
+        const Vec foot = {middle.x, middle.y, 0}, head = at(0, 0) - 2 * thick * normal;
+        brush.cylinder(foot, foot + Vec{0, 0, 0.02}, 0.13, grey);
+        if (head.z > 0.05) brush.cylinder(foot, head, 0.035, steel);
         std::vector<Vec> grid;
         for (int i = 0; i <= cells; ++i)
-            for (int j = 0; j <= cells; ++j) grid.push_back(at(half * (2.0 * i / cells - 1), half * (2.0 * j / cells - 1)));
+            for (int j = 0; j <= cells; ++j)
+                grid.push_back(at(half * (2.0 * i / cells - 1), half * (2.0 * j / cells - 1)));
         const auto point = [&](int i, int j) { return grid[static_cast<std::size_t>(i * (cells + 1) + j)]; };
         const auto slope = [&](int i, int j) {
             return unit(cross(point(std::min(i + 1, cells), j) - point(std::max(i - 1, 0), j),
@@ -299,7 +313,7 @@ class Board {
         }
     }
 
-  private:
+private:
     struct Known {
         double u, v, height, slopeU, slopeV;
     };
@@ -356,10 +370,10 @@ void drawFloor(Canvas &canvas) {
 }
 
 class Text {
-  public:
+public:
     explicit Text(cairo_t *target) : cairo(target) {}
-    void write(double x, double y, double size, const std::string &text, bool bold = false, Colour ink = {0.15, 0.17, 0.2},
-               bool centred = false) {
+    void write(double x, double y, double size, const std::string &text, bool bold = false,
+               Colour ink = {0.15, 0.17, 0.2}, bool centred = false) {
         cairo_select_font_face(cairo, "DejaVu Sans", CAIRO_FONT_SLANT_NORMAL,
                                bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
         cairo_set_font_size(cairo, size);
@@ -371,7 +385,7 @@ class Text {
         cairo_show_text(cairo, text.c_str());
     }
 
-  private:
+private:
     cairo_t *cairo;
 };
 
@@ -379,7 +393,8 @@ class Text {
 
 void drawPicture(const std::string &file, const std::vector<Pose> &path, const std::vector<Angles> &angles,
                  const std::string &caption) {
-    // Which poses show the arm, as parts of the path; the first is solid, the others seen through.
+    // Which poses show the arm, as parts of the path; the first is solid (the legend says which), the others seen
+    // through.
     constexpr double shown[] = {0.54, 0.02, 0.30, 0.80};
     const auto indexOf = [&](double part) {
         return static_cast<std::size_t>(part * static_cast<double>(path.size() - 1));
@@ -392,19 +407,19 @@ void drawPicture(const std::string &file, const std::vector<Pose> &path, const s
     Brush caster(shadows, true);
     board.draw(caster);
     drawPedestal(caster);
-    drawArm(caster, angles[indexOf(shown[0])], white);
+    drawArm(caster, angles[indexOf(shown[0])], white, 0);
     scene.shadow(shadows, 0.28);
 
     Brush brush(scene);
     board.draw(brush);
     drawPath(scene, path);
     drawPedestal(brush);
-    drawArm(brush, angles[indexOf(shown[0])], ramp(shown[0]));
+    drawArm(brush, angles[indexOf(shown[0])], ramp(shown[0]), 0);
     for (std::size_t i = std::size(shown) - 1; i > 0; --i) {
         Canvas ghost;
         Brush ghostBrush(ghost);
-        drawArm(ghostBrush, angles[indexOf(shown[i])], ramp(shown[i]));
-        scene.blend(ghost, 0.22);
+        drawArm(ghostBrush, angles[indexOf(shown[i])], ramp(shown[i]), 0.5);
+        scene.blend(ghost, 0.25);
     }
 
     cairo_surface_t *const image = cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height);
@@ -425,7 +440,7 @@ void drawPicture(const std::string &file, const std::vector<Pose> &path, const s
         cairo_rectangle(cairo, barX + i, barY, 1.5, barHeight);
         cairo_fill(cairo);
     }
-    text.write(barX, barY - 36, 17, "along the path, and where the arm is shown", true);
+    text.write(barX, barY - 36, 17, "along the path, and where the arm is shown (solid: 3)", true);
     text.write(barX, barY + 44, 15, "first pose", false);
     text.write(barX + barWidth - 66, barY + 44, 15, "last pose", false);
     const auto mark = [&](double x, double y, double part) {

@@ -1,6 +1,6 @@
-// The arm: link parameters of the Unimation PUMA 560 in the (standard) Denavit-Hartenberg convention, lengths in metres.
-// Source: P. I. Corke and B. Armstrong-Helouvry, "A search for consensus among model parameters reported for the
-// PUMA 560 robot", Proc. IEEE Int. Conf. Robotics and Automation, 1994, pp. 1608-1613.
+// The arm: link parameters of the Unimation PUMA 560 in the (standard) Denavit-Hartenberg convention, lengths in
+// metres. Source: P. I. Corke and B. Armstrong-Helouvry, "A search for consensus among model parameters reported for
+// the PUMA 560 robot", Proc. IEEE Int. Conf. Robotics and Automation, 1994, pp. 1608-1613.
 #pragma once
 
 #include <array>
@@ -14,12 +14,12 @@ struct Link {
 };
 
 inline constexpr std::array<Link, 6> puma560 = {{
-    {0, 1, 0, 0},              // waist:    alpha  90
-    {1, 0, 0.4318, 0},         // shoulder: alpha   0
-    {0, -1, 0.0203, 0.15005},  // elbow:    alpha -90
-    {0, 1, 0, 0.4318},         // wrist:    alpha  90
-    {0, -1, 0, 0},             //           alpha -90
-    {1, 0, 0, 0},              //           alpha   0
+    {0, 1, 0, 0},             // waist:    alpha  90
+    {1, 0, 0.4318, 0},        // shoulder: alpha   0
+    {0, -1, 0.0203, 0.15005}, // elbow:    alpha -90
+    {0, 1, 0, 0.4318},        // wrist:    alpha  90
+    {0, -1, 0, 0},            //           alpha -90
+    {1, 0, 0, 0},             //           alpha   0
 }};
 
 // The room: the shoulder's height above the floor, and the pen's tip beyond the centre of the wrist.

@@ -77,7 +77,7 @@ Options readOptions(int count, char **arguments) {
 }
 
 class ProgressBar {
-  public:
+public:
     explicit ProgressBar(int poses) : total(poses) {}
     void show(int step, int solved) const {
         constexpr int width = 40;
@@ -90,7 +90,7 @@ class ProgressBar {
         if (terminal) std::puts("");
     }
 
-  private:
+private:
     int total;
     bool terminal = isatty(STDOUT_FILENO) == 1;
 };
