@@ -144,6 +144,8 @@ inline void store_part(const Byte *at, __m128 part) {
         store_element(to, _mm_cvtsd_f64(_mm_castps_pd(part)));
     } else {
 #if defined(__AVX512VL__)
+        // GCC folds an extraction into the masked store, and that instruction faults on the element left out.
+        __asm__("" : "+v"(part));
         _mm_mask_storeu_ps(to, 7, part);
 #else
         store_part<float, 2>(to, part);
