@@ -163,6 +163,287 @@ SMX_API SmxStatus smxLUBackSubst_mava_64f_L(const double *const *src1, int src1R
                                             int src2RoiShift, int src2Stride2, double *const *dst, int dstRoiShift,
                                             int dstStride2, int widthHeight, int count);
 
+/* Cholesky decomposition A = L Lt of a symmetric positive definite matrix of side n = widthHeight, row by row.
+ *
+ *   src, dst   n by n. Only lower triangles with the diagonal are read and written: symmetry is not tested, and the
+ *              upper triangle of dst keeps what it held. dst[i][j] = L[i][j] for j < i, dst[i][i] = 1 / L[i][i].
+ *   Strides    bytes: Stride0 from matrix to matrix, Stride1 from row to row, Stride2 from element to element.
+ *   In place   dst may be src, with the same strides.
+ *   Status     smxStsNotPosDefErr at the first row i whose radicand, A[i][i] minus the squares of L[i][j] for j < i, is
+ *              at or below a bound or not a number. Rows before i and L[i][j] for j < i are written then; in the pointer
+ *              layout at sides 3 to 6 nothing of row i, and not row 0 either when row 1 fails a single matrix of side 3,
+ *              5 or 6. In an array the matrices before the failing one are complete, those after it in the same thread's
+ *              share are untouched.
+ *   Bound      0, with these exceptions: 2^-23 for both types in the pointer layout at side 3; 2^-52 in the strided form
+ *              for arrays of double with a Stride2 that is not the element size, at side 6 and all sides but 3 to 5. It
+ *              is absolute. smxCholeskyDecomp_m_32f_P and _64f_P at side 3 let a not-a-number radicand pass in the last
+ *              row. */
+SMX_API SmxStatus smxCholeskyDecomp_m_32f(const float *src, int srcStride1, int srcStride2, float *dst, int dstStride1,
+                                          int dstStride2, int widthHeight);
+SMX_API SmxStatus smxCholeskyDecomp_m_32f_P(const float *const *src, int srcRoiShift, float *const *dst,
+                                            int dstRoiShift, int widthHeight);
+SMX_API SmxStatus smxCholeskyDecomp_m_64f(const double *src, int srcStride1, int srcStride2, double *dst,
+                                          int dstStride1, int dstStride2, int widthHeight);
+SMX_API SmxStatus smxCholeskyDecomp_m_64f_P(const double *const *src, int srcRoiShift, double *const *dst,
+                                            int dstRoiShift, int widthHeight);
+SMX_API SmxStatus smxCholeskyDecomp_ma_32f(const float *src, int srcStride0, int srcStride1, int srcStride2, float *dst,
+                                           int dstStride0, int dstStride1, int dstStride2, int widthHeight, int count);
+SMX_API SmxStatus smxCholeskyDecomp_ma_32f_P(const float *const *src, int srcRoiShift, int srcStride0,
+                                             float *const *dst, int dstRoiShift, int dstStride0, int widthHeight,
+                                             int count);
+SMX_API SmxStatus smxCholeskyDecomp_ma_32f_L(const float *const *src, int srcRoiShift, int srcStride1, int srcStride2,
+                                             float *const *dst, int dstRoiShift, int dstStride1, int dstStride2,
+                                             int widthHeight, int count);
+SMX_API SmxStatus smxCholeskyDecomp_ma_64f(const double *src, int srcStride0, int srcStride1, int srcStride2,
+                                           double *dst, int dstStride0, int dstStride1, int dstStride2, int widthHeight,
+                                           int count);
+SMX_API SmxStatus smxCholeskyDecomp_ma_64f_P(const double *const *src, int srcRoiShift, int srcStride0,
+                                             double *const *dst, int dstRoiShift, int dstStride0, int widthHeight,
+                                             int count);
+SMX_API SmxStatus smxCholeskyDecomp_ma_64f_L(const double *const *src, int srcRoiShift, int srcStride1, int srcStride2,
+                                             double *const *dst, int dstRoiShift, int dstStride1, int dstStride2,
+                                             int widthHeight, int count);
+
+/* Solution of A x = b from the factor that smxCholeskyDecomp left: L y = b, then Lt x = y. No division happens.
+ *
+ *   src1       n by n, only the lower triangle with the inverted diagonal is read (mv, mva: one for all vectors).
+ *   src2, dst  right-hand sides and solutions of length n. dst may be src2.
+ *   Status     nothing fails after the entry checks: what src1 holds is taken as it stands. */
+SMX_API SmxStatus smxCholeskyBackSubst_mv_32f(const float *src1, int src1Stride1, int src1Stride2, const float *src2,
+                                              int src2Stride2, float *dst, int dstStride2, int widthHeight);
+SMX_API SmxStatus smxCholeskyBackSubst_mv_32f_P(const float *const *src1, int src1RoiShift, const float *const *src2,
+                                                int src2RoiShift, float *const *dst, int dstRoiShift, int widthHeight);
+SMX_API SmxStatus smxCholeskyBackSubst_mv_64f(const double *src1, int src1Stride1, int src1Stride2, const double *src2,
+                                              int src2Stride2, double *dst, int dstStride2, int widthHeight);
+SMX_API SmxStatus smxCholeskyBackSubst_mv_64f_P(const double *const *src1, int src1RoiShift, const double *const *src2,
+                                                int src2RoiShift, double *const *dst, int dstRoiShift, int widthHeight);
+SMX_API SmxStatus smxCholeskyBackSubst_mva_32f(const float *src1, int src1Stride1, int src1Stride2, const float *src2,
+                                               int src2Stride0, int src2Stride2, float *dst, int dstStride0,
+                                               int dstStride2, int widthHeight, int count);
+SMX_API SmxStatus smxCholeskyBackSubst_mva_32f_P(const float *const *src1, int src1RoiShift, const float *const *src2,
+                                                 int src2RoiShift, int src2Stride0, float *const *dst, int dstRoiShift,
+                                                 int dstStride0, int widthHeight, int count);
+SMX_API SmxStatus smxCholeskyBackSubst_mva_32f_L(const float *src1, int src1Stride1, int src1Stride2,
+                                                 const float *const *src2, int src2RoiShift, int src2Stride2,
+                                                 float *const *dst, int dstRoiShift, int dstStride2, int widthHeight,
+                                                 int count);
+SMX_API SmxStatus smxCholeskyBackSubst_mva_64f(const double *src1, int src1Stride1, int src1Stride2, const double *src2,
+                                               int src2Stride0, int src2Stride2, double *dst, int dstStride0,
+                                               int dstStride2, int widthHeight, int count);
+SMX_API SmxStatus smxCholeskyBackSubst_mva_64f_P(const double *const *src1, int src1RoiShift, const double *const *src2,
+                                                 int src2RoiShift, int src2Stride0, double *const *dst, int dstRoiShift,
+                                                 int dstStride0, int widthHeight, int count);
+SMX_API SmxStatus smxCholeskyBackSubst_mva_64f_L(const double *src1, int src1Stride1, int src1Stride2,
+                                                 const double *const *src2, int src2RoiShift, int src2Stride2,
+                                                 double *const *dst, int dstRoiShift, int dstStride2, int widthHeight,
+                                                 int count);
+SMX_API SmxStatus smxCholeskyBackSubst_mava_32f(const float *src1, int src1Stride0, int src1Stride1, int src1Stride2,
+                                                const float *src2, int src2Stride0, int src2Stride2, float *dst,
+                                                int dstStride0, int dstStride2, int widthHeight, int count);
+SMX_API SmxStatus smxCholeskyBackSubst_mava_32f_P(const float *const *src1, int src1RoiShift, int src1Stride0,
+                                                  const float *const *src2, int src2RoiShift, int src2Stride0,
+                                                  float *const *dst, int dstRoiShift, int dstStride0, int widthHeight,
+                                                  int count);
+SMX_API SmxStatus smxCholeskyBackSubst_mava_32f_L(const float *const *src1, int src1RoiShift, int src1Stride1,
+                                                  int src1Stride2, const float *const *src2, int src2RoiShift,
+                                                  int src2Stride2, float *const *dst, int dstRoiShift, int dstStride2,
+                                                  int widthHeight, int count);
+SMX_API SmxStatus smxCholeskyBackSubst_mava_64f(const double *src1, int src1Stride0, int src1Stride1, int src1Stride2,
+                                                const double *src2, int src2Stride0, int src2Stride2, double *dst,
+                                                int dstStride0, int dstStride2, int widthHeight, int count);
+SMX_API SmxStatus smxCholeskyBackSubst_mava_64f_P(const double *const *src1, int src1RoiShift, int src1Stride0,
+                                                  const double *const *src2, int src2RoiShift, int src2Stride0,
+                                                  double *const *dst, int dstRoiShift, int dstStride0, int widthHeight,
+                                                  int count);
+SMX_API SmxStatus smxCholeskyBackSubst_mava_64f_L(const double *const *src1, int src1RoiShift, int src1Stride1,
+                                                  int src1Stride2, const double *const *src2, int src2RoiShift,
+                                                  int src2Stride2, double *const *dst, int dstRoiShift, int dstStride2,
+                                                  int widthHeight, int count);
+
+/* QR decomposition by Householder reflections (A. S. Householder, Unitary triangularization of a nonsymmetric matrix,
+ * J. ACM 5, 1958) of a matrix with at least as many rows as columns, width <= height.
+ *
+ *   dst        height by width, packed: R on and above the diagonal; below it, in column k, the entries of reflector k
+ *              behind its leading 1. Reflection k is I - 2 v vt / (vt v), and R[k][k] has the sign opposite to the
+ *              element it replaces. A square matrix has no reflection for its last column.
+ *   buffer     at least height * sizeof(element) bytes of scratch that overlap nothing else; no result. An array needs
+ *              no more. A call that runs on several threads leaves it alone and takes scratch of its own.
+ *   In place   dst may be src, with the same strides.
+ *   Status     smxStsSizeMatchMatrixErr if width > height. smxStsDivByZeroErr at the first column whose sum of squares,
+ *              from the diagonal down, is below 2^-23 (float) or 2^-52 (double) or not a number: an absolute bound on
+ *              the square. dst holds the matrix after the reflections before it then; in an array the matrices before
+ *              are complete, those after it in the same thread's share are untouched. The last column of a square
+ *              matrix is not tested: a dependence that shows only there gives status 0 and a tiny or zero R[n-1][n-1]. */
+SMX_API SmxStatus smxQRDecomp_m_32f(const float *src, int srcStride1, int srcStride2, float *buffer, float *dst,
+                                    int dstStride1, int dstStride2, int width, int height);
+SMX_API SmxStatus smxQRDecomp_m_32f_P(const float *const *src, int srcRoiShift, float *buffer, float *const *dst,
+                                      int dstRoiShift, int width, int height);
+SMX_API SmxStatus smxQRDecomp_m_64f(const double *src, int srcStride1, int srcStride2, double *buffer, double *dst,
+                                    int dstStride1, int dstStride2, int width, int height);
+SMX_API SmxStatus smxQRDecomp_m_64f_P(const double *const *src, int srcRoiShift, double *buffer, double *const *dst,
+                                      int dstRoiShift, int width, int height);
+SMX_API SmxStatus smxQRDecomp_ma_32f(const float *src, int srcStride0, int srcStride1, int srcStride2, float *buffer,
+                                     float *dst, int dstStride0, int dstStride1, int dstStride2, int width, int height,
+                                     int count);
+SMX_API SmxStatus smxQRDecomp_ma_32f_P(const float *const *src, int srcRoiShift, int srcStride0, float *buffer,
+                                       float *const *dst, int dstRoiShift, int dstStride0, int width, int height,
+                                       int count);
+SMX_API SmxStatus smxQRDecomp_ma_32f_L(const float *const *src, int srcRoiShift, int srcStride1, int srcStride2,
+                                       float *buffer, float *const *dst, int dstRoiShift, int dstStride1,
+                                       int dstStride2, int width, int height, int count);
+SMX_API SmxStatus smxQRDecomp_ma_64f(const double *src, int srcStride0, int srcStride1, int srcStride2, double *buffer,
+                                     double *dst, int dstStride0, int dstStride1, int dstStride2, int width, int height,
+                                     int count);
+SMX_API SmxStatus smxQRDecomp_ma_64f_P(const double *const *src, int srcRoiShift, int srcStride0, double *buffer,
+                                       double *const *dst, int dstRoiShift, int dstStride0, int width, int height,
+                                       int count);
+SMX_API SmxStatus smxQRDecomp_ma_64f_L(const double *const *src, int srcRoiShift, int srcStride1, int srcStride2,
+                                       double *buffer, double *const *dst, int dstRoiShift, int dstStride1,
+                                       int dstStride2, int width, int height, int count);
+
+/* Solution of A x = b in the sense of least squares, from the packed matrix that smxQRDecomp left: the reflections are
+ * applied to b, then R x = Qt b is solved for x.
+ *
+ *   src1       height by width, packed (mv, mva: one for all vectors).
+ *   src2, dst  right-hand sides of length height, solutions of length width. dst may be src2.
+ *   buffer     as for smxQRDecomp; squares of sides 3 to 6 do not use it, but it must not be null.
+ *   Status     smxStsSizeMatchMatrixErr if width > height. Nothing else fails after the entry checks: a zero on the
+ *              diagonal of R gives infinities or not-a-numbers with status 0. */
+SMX_API SmxStatus smxQRBackSubst_mv_32f(const float *src1, int src1Stride1, int src1Stride2, float *buffer,
+                                        const float *src2, int src2Stride2, float *dst, int dstStride2, int width,
+                                        int height);
+SMX_API SmxStatus smxQRBackSubst_mv_32f_P(const float *const *src1, int src1RoiShift, float *buffer,
+                                          const float *const *src2, int src2RoiShift, float *const *dst,
+                                          int dstRoiShift, int width, int height);
+SMX_API SmxStatus smxQRBackSubst_mv_64f(const double *src1, int src1Stride1, int src1Stride2, double *buffer,
+                                        const double *src2, int src2Stride2, double *dst, int dstStride2, int width,
+                                        int height);
+SMX_API SmxStatus smxQRBackSubst_mv_64f_P(const double *const *src1, int src1RoiShift, double *buffer,
+                                          const double *const *src2, int src2RoiShift, double *const *dst,
+                                          int dstRoiShift, int width, int height);
+SMX_API SmxStatus smxQRBackSubst_mva_32f(const float *src1, int src1Stride1, int src1Stride2, float *buffer,
+                                         const float *src2, int src2Stride0, int src2Stride2, float *dst,
+                                         int dstStride0, int dstStride2, int width, int height, int count);
+SMX_API SmxStatus smxQRBackSubst_mva_32f_P(const float *const *src1, int src1RoiShift, float *buffer,
+                                           const float *const *src2, int src2RoiShift, int src2Stride0,
+                                           float *const *dst, int dstRoiShift, int dstStride0, int width, int height,
+                                           int count);
+SMX_API SmxStatus smxQRBackSubst_mva_32f_L(const float *src1, int src1Stride1, int src1Stride2, float *buffer,
+                                           const float *const *src2, int src2RoiShift, int src2Stride2,
+                                           float *const *dst, int dstRoiShift, int dstStride2, int width, int height,
+                                           int count);
+SMX_API SmxStatus smxQRBackSubst_mva_64f(const double *src1, int src1Stride1, int src1Stride2, double *buffer,
+                                         const double *src2, int src2Stride0, int src2Stride2, double *dst,
+                                         int dstStride0, int dstStride2, int width, int height, int count);
+SMX_API SmxStatus smxQRBackSubst_mva_64f_P(const double *const *src1, int src1RoiShift, double *buffer,
+                                           const double *const *src2, int src2RoiShift, int src2Stride0,
+                                           double *const *dst, int dstRoiShift, int dstStride0, int width, int height,
+                                           int count);
+SMX_API SmxStatus smxQRBackSubst_mva_64f_L(const double *src1, int src1Stride1, int src1Stride2, double *buffer,
+                                           const double *const *src2, int src2RoiShift, int src2Stride2,
+                                           double *const *dst, int dstRoiShift, int dstStride2, int width, int height,
+                                           int count);
+SMX_API SmxStatus smxQRBackSubst_mava_32f(const float *src1, int src1Stride0, int src1Stride1, int src1Stride2,
+                                          float *buffer, const float *src2, int src2Stride0, int src2Stride2,
+                                          float *dst, int dstStride0, int dstStride2, int width, int height, int count);
+SMX_API SmxStatus smxQRBackSubst_mava_32f_P(const float *const *src1, int src1RoiShift, int src1Stride0, float *buffer,
+                                            const float *const *src2, int src2RoiShift, int src2Stride0,
+                                            float *const *dst, int dstRoiShift, int dstStride0, int width, int height,
+                                            int count);
+SMX_API SmxStatus smxQRBackSubst_mava_32f_L(const float *const *src1, int src1RoiShift, int src1Stride1,
+                                            int src1Stride2, float *buffer, const float *const *src2, int src2RoiShift,
+                                            int src2Stride2, float *const *dst, int dstRoiShift, int dstStride2,
+                                            int width, int height, int count);
+SMX_API SmxStatus smxQRBackSubst_mava_64f(const double *src1, int src1Stride0, int src1Stride1, int src1Stride2,
+                                          double *buffer, const double *src2, int src2Stride0, int src2Stride2,
+                                          double *dst, int dstStride0, int dstStride2, int width, int height,
+                                          int count);
+SMX_API SmxStatus smxQRBackSubst_mava_64f_P(const double *const *src1, int src1RoiShift, int src1Stride0,
+                                            double *buffer, const double *const *src2, int src2RoiShift,
+                                            int src2Stride0, double *const *dst, int dstRoiShift, int dstStride0,
+                                            int width, int height, int count);
+SMX_API SmxStatus smxQRBackSubst_mava_64f_L(const double *const *src1, int src1RoiShift, int src1Stride1,
+                                            int src1Stride2, double *buffer, const double *const *src2,
+                                            int src2RoiShift, int src2Stride2, double *const *dst, int dstRoiShift,
+                                            int dstStride2, int width, int height, int count);
+
+/* Determinant of a square matrix of side n = widthHeight.
+ *
+ * Sides 3 to 6 expand in minors of the leading rows (Laplace), each computed once and shared; no tolerance. All other
+ * sides eliminate with partial pivoting in buffer: a pivot of magnitude below 2 n n n times the smallest normal number
+ * of the type, or a last one at or below it, makes the determinant zero.
+ *
+ *   dstDet     one element, or one for each matrix, packed without a stride in every layout.
+ *   buffer     n * n * sizeof(element) + n * sizeof(int) bytes, not null even at sides 3 to 6, which do not use it. An
+ *              array needs no more. A call that runs on several threads leaves it alone and takes scratch of its own.
+ *   Status     a singular matrix is no error: nothing fails after the entry checks. The zero of an array form may be
+ *              negative, and not-a-number if the product of the pivots before the failing one has overflowed. */
+SMX_API SmxStatus smxDet_m_32f(const float *src, int srcStride1, int srcStride2, int widthHeight, float *buffer,
+                               float *dstDet);
+SMX_API SmxStatus smxDet_m_32f_P(const float *const *src, int srcRoiShift, int widthHeight, float *buffer,
+                                 float *dstDet);
+SMX_API SmxStatus smxDet_m_64f(const double *src, int srcStride1, int srcStride2, int widthHeight, double *buffer,
+                               double *dstDet);
+SMX_API SmxStatus smxDet_m_64f_P(const double *const *src, int srcRoiShift, int widthHeight, double *buffer,
+                                 double *dstDet);
+SMX_API SmxStatus smxDet_ma_32f(const float *src, int srcStride0, int srcStride1, int srcStride2, int widthHeight,
+                                float *buffer, float *dstDet, int count);
+SMX_API SmxStatus smxDet_ma_32f_P(const float *const *src, int srcRoiShift, int srcStride0, int widthHeight,
+                                  float *buffer, float *dstDet, int count);
+SMX_API SmxStatus smxDet_ma_32f_L(const float *const *src, int srcRoiShift, int srcStride1, int srcStride2,
+                                  int widthHeight, float *buffer, float *dstDet, int count);
+SMX_API SmxStatus smxDet_ma_64f(const double *src, int srcStride0, int srcStride1, int srcStride2, int widthHeight,
+                                double *buffer, double *dstDet, int count);
+SMX_API SmxStatus smxDet_ma_64f_P(const double *const *src, int srcRoiShift, int srcStride0, int widthHeight,
+                                  double *buffer, double *dstDet, int count);
+SMX_API SmxStatus smxDet_ma_64f_L(const double *const *src, int srcRoiShift, int srcStride1, int srcStride2,
+                                  int widthHeight, double *buffer, double *dstDet, int count);
+
+/* Inverse of a square matrix of side n = widthHeight as its cofactors over the determinant: in closed form with one
+ * division at sides 3 to 6, with one elimination for each cofactor at side 2 and from 7 on, which takes time n^5.
+ *
+ *   buffer     n * n * sizeof(element) + n * sizeof(int) bytes, not null even where it is not used (sides 1, 3 to 6).
+ *              An array needs no more. A call that runs on several threads leaves it alone and takes its own scratch.
+ *   In place   dst may be src, with the same strides, at sides 1 and 3 to 6. At all others the result is wrong then.
+ *   Status     smxStsSingularErr if the magnitude of the determinant is below 2 n n n times the smallest normal number
+ *              of the type (at or below it at side 1, 2 and from 7 on) or not a number; nothing of that matrix is
+ *              written. In an array the matrices before it are complete, those after it in the same thread's share are
+ *              untouched. Exceptions: a not-a-number element of side 1 gives not-a-number and status 0 in smxInvert_m,
+ *              and so does a not-a-number determinant at sides 4, 5 and 6 of smxInvert_m_32f and _64f if Stride2 is the
+ *              element size.
+ *   Accuracy   at side 2 and from 7 on a cofactor that is zero counts as the tolerance: instead of exact zeros the
+ *              result has elements of about 1e-37 (float) or 1e-307 (double).
+ *
+ * BEWARE of side 2 and of 7 and above: if a pivot before the last one is that small (a matrix whose first column is
+ * zero, say), these functions store a zero through a null pointer, which ends the process with a memory fault. All
+ * members can, but smxInvert_ma_32f_P and smxInvert_ma_64f_P, which return smxStsSingularErr and test the last pivot in
+ * place of the determinant. Where a matrix may be singular, ask smxDet first: it has the same pivots, fails nowhere, and
+ * gives 0. */
+SMX_API SmxStatus smxInvert_m_32f(const float *src, int srcStride1, int srcStride2, float *buffer, float *dst,
+                                  int dstStride1, int dstStride2, int widthHeight);
+SMX_API SmxStatus smxInvert_m_32f_P(const float *const *src, int srcRoiShift, float *buffer, float *const *dst,
+                                    int dstRoiShift, int widthHeight);
+SMX_API SmxStatus smxInvert_m_64f(const double *src, int srcStride1, int srcStride2, double *buffer, double *dst,
+                                  int dstStride1, int dstStride2, int widthHeight);
+SMX_API SmxStatus smxInvert_m_64f_P(const double *const *src, int srcRoiShift, double *buffer, double *const *dst,
+                                    int dstRoiShift, int widthHeight);
+SMX_API SmxStatus smxInvert_ma_32f(const float *src, int srcStride0, int srcStride1, int srcStride2, float *buffer,
+                                   float *dst, int dstStride0, int dstStride1, int dstStride2, int widthHeight,
+                                   int count);
+SMX_API SmxStatus smxInvert_ma_32f_P(const float *const *src, int srcRoiShift, int srcStride0, float *buffer,
+                                     float *const *dst, int dstRoiShift, int dstStride0, int widthHeight, int count);
+SMX_API SmxStatus smxInvert_ma_32f_L(const float *const *src, int srcRoiShift, int srcStride1, int srcStride2,
+                                     float *buffer, float *const *dst, int dstRoiShift, int dstStride1, int dstStride2,
+                                     int widthHeight, int count);
+SMX_API SmxStatus smxInvert_ma_64f(const double *src, int srcStride0, int srcStride1, int srcStride2, double *buffer,
+                                   double *dst, int dstStride0, int dstStride1, int dstStride2, int widthHeight,
+                                   int count);
+SMX_API SmxStatus smxInvert_ma_64f_P(const double *const *src, int srcRoiShift, int srcStride0, double *buffer,
+                                     double *const *dst, int dstRoiShift, int dstStride0, int widthHeight, int count);
+SMX_API SmxStatus smxInvert_ma_64f_L(const double *const *src, int srcRoiShift, int srcStride1, int srcStride2,
+                                     double *buffer, double *const *dst, int dstRoiShift, int dstStride1,
+                                     int dstStride2, int widthHeight, int count);
+
 #ifdef __cplusplus
 }
 #endif

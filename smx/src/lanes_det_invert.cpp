@@ -1,0 +1,55 @@
+#include "lanes_det_invert.hpp"
+
+#include "family_det_invert_core.hpp"
+#include "frame_lane_access.hpp"
+
+namespace smx {
+inline namespace SMX_ISA {
+
+namespace {
+
+template <class T, int N>
+int determinants(const LanePlan &plan, int first) {
+    using Num = Pack<T>;
+    const LaneAccess<T, N, N> src(plan.source[0].operand);
+    const LaneAccess<T, 1, 1> dst(plan.result[0]);
+    return each_group<T>(plan, first, [&](int n) {
+        Num a[N][N];
+        src.load(n, &a[0][0]);
+        const Num det = determinant(a);
+        dst.store(n, &det);
+        return true;
+    });
+}
+
+template <class T, int N>
+int invert(const LanePlan &plan, int first) {
+    using Num = Pack<T>;
+    constexpr T tolerance = size_cubed_tolerance<T>(N);
+    const LaneAccess<T, N, N> src(plan.source[0].operand), dst(plan.result[0]);
+    return each_group<T>(plan, first, [&](int n) {
+        Num a[N][N], inverse[N][N];
+        Cofactors<Num, N> cofactors;
+        Failure<Num> failure;
+        src.load(n, &a[0][0]);
+        cofactors.invert(a, inverse, failure, [](Num det) { return !(magnitude(det) >= tolerance); });
+        if (failure.any()) return false;
+        dst.store(n, &inverse[0][0]);
+        return true;
+    });
+}
+
+} // namespace
+
+int determinant_lanes(const LanePlan &plan, int side, int first) {
+    return by_type_and_side(plan, plan.result[0].element, side, first, [&](auto zero, auto s) {
+        return determinants<decltype(zero), decltype(s)::value>(plan, first);
+    });
+}
+int invert_lanes(const LanePlan &plan, int side, int first) {
+    return by_type_and_side(plan, plan.result[0].element, side, first,
+                            [&](auto zero, auto s) { return invert<decltype(zero), decltype(s)::value>(plan, first); });
+}
+
+} // namespace SMX_ISA
+} // namespace smx

@@ -1,0 +1,3 @@
+#include "family_cholesky.hpp"
+
+SMX_MODULE(CholeskyDecomp_m)

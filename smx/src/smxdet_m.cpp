@@ -1,0 +1,3 @@
+#include "family_det.hpp"
+
+SMX_MODULE(Det_m)

@@ -1,0 +1,3 @@
+#include "family_invert.hpp"
+
+SMX_MODULE_COM(Invert_m, (InverseGeneral))

@@ -1,0 +1,3 @@
+#include "family_qr.hpp"
+
+SMX_MODULE(QRDecomp_ma)
