@@ -80,8 +80,8 @@ class ProgressBar {
 public:
     explicit ProgressBar(int poses) : total(poses) {}
     void show(int step, int solved) const {
-        constexpr int width = 40;
-        const int filled = static_cast<int>(static_cast<long>(solved) * width / total);
+        constexpr std::size_t width = 40;
+        const std::size_t filled = static_cast<std::size_t>(solved) * width / static_cast<std::size_t>(total);
         std::printf("%sstep %2d [%s%s] %d of %d poses%s", terminal ? "\r" : "", step, std::string(filled, '#').c_str(),
                     std::string(width - filled, '.').c_str(), solved, total, terminal ? "" : "\n");
         std::fflush(stdout);
