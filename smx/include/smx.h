@@ -45,12 +45,14 @@
  *           none are fused. Which bits a not-a-number carries is not promised.
  *
  * smxdefs.h      types, statuses, version query       smxproduct.h   products, norms, transforms
- * smxarith.h     element-wise arithmetic, moving      smxfactor.h    factorizations, solve, determinant, inverse */
+ * smxarith.h     element-wise arithmetic, moving      smxfactor.h    factorizations, solve, determinant, inverse
+ * smxeigen.h     eigenproblems */
 #ifndef SMX_H
 #define SMX_H
 
 #include "smxarith.h"
 #include "smxdefs.h"
+#include "smxeigen.h"
 #include "smxfactor.h"
 #include "smxproduct.h"
 

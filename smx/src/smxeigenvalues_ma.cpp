@@ -1,0 +1,3 @@
+#include "family_eigen.hpp"
+
+SMX_MODULE(EigenValues_ma)

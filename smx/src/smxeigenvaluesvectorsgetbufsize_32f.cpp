@@ -1,0 +1,5 @@
+#include "family_eigen_buffer.hpp"
+
+extern "C" SMX_API SmxStatus smxEigenValuesVectorsGetBufSize_32f(int widthHeight, int *bufSize) {
+    return smx::eigen_buffer_size<float, 3>(widthHeight, bufSize);
+}

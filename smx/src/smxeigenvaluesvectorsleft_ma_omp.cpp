@@ -1,0 +1,4 @@
+#include "frame_driver.hpp"
+#include "frame_module.hpp"
+
+SMX_DRIVERS_WITH_SCRATCH(EigenValuesVectorsLeft_ma, smxEigenValuesVectorsGetBufSize)
