@@ -66,15 +66,13 @@ inline Pool pool;
 
 // ---- operands: what the library is passed, and what a peer sees of object n
 
-// Contiguous objects of any layout, for the peers' heavy algorithms: compiled once instead of once a layout.
+// Objects as the peers' heavy algorithms see them, the same type for every layout: these are compiled once.
 template <class T_, int R, int C>
-struct Anywhere {
+struct Addressed {
     using T = T_;
     using Object = Matrix<T, R, C>;
-    T *base;
-    T **list;
-    long step;
-    T *data(long n) const { return list != nullptr ? list[n] : base + n * step; }
+    T *const *table;
+    T *data(long n) const { return table[n]; }
     auto operator[](long n) const { return Eigen::Map<Object>(data(n)); }
 };
 
@@ -100,10 +98,6 @@ struct Objects {
         } else {
             return Eigen::Map<Object>(data(n));
         }
-    }
-    auto anywhere() const {
-        if constexpr (L == Layout::planes) return *this;
-        else return Anywhere<T, R, C>{base, table, step};
     }
     auto arguments() const {
         constexpr int row = C * element;
@@ -181,9 +175,11 @@ class Case : public Row {
     // peers that take a pointer to a contiguous object
     static constexpr bool contiguous = L != Layout::planes;
 
+    // Setting up is kept out of line: inlined into every row it would double the time that the compiler takes.
+
     // Arrays of objects, in the layout of the row unless another is named.
     template <Layout In = L, int R, int C>
-    auto source(Shape<R, C> shape, Fill fill = Fill::general) {
+    [[gnu::noinline]] auto source(Shape<R, C> shape, Fill fill = Fill::general) {
         const auto objects = place<In>(shape);
         const std::vector<double> values = patterns(R, C, fill, count, ++seed_);
         const long distinct = static_cast<long>(values.size()) / (R * C);
@@ -192,19 +188,31 @@ class Case : public Row {
         return objects;
     }
     template <Layout In = L, int R, int C>
-    auto result(Shape<R, C> shape) {
+    [[gnu::noinline]] auto result(Shape<R, C> shape) {
         const auto objects = place<In>(shape);
         const long elements = In == Layout::planes ? R * C * objects.plane : count * objects.step;
         results.push_back({objects.base, static_cast<std::size_t>(elements) * sizeof(T)});
         return objects;
     }
     template <int R, int C>
-    Single<T, L, R, C> single(Shape<R, C>) {
+    [[gnu::noinline]] Single<T, L, R, C> single(Shape<R, C>) {
         Single<T, L, R, C> one{pool.take<T>(R * C), pool.take<T *>(R * C)};
         one() = Eigen::Map<const Matrix<double, R, C>>(patterns(R, C, Fill::general, 1, ++seed_).data())
                     .template cast<T>();
         for (int k = 0; k < R * C; ++k) one.table[k] = one.base + k;
         return one;
+    }
+    // The addresses of objects, for a peer. Objects in planes have none: there the peer gets a packed copy.
+    template <int R, int C>
+    [[gnu::noinline]] Addressed<T, R, C> addressed(const Objects<T, L, R, C> &objects) {
+        T **const table = pool.take<T *>(count);
+        T *const copies = contiguous ? nullptr : pool.take<T>(count * R * C);
+        for (long n = 0; n < count; ++n) {
+            table[n] = contiguous ? objects.data(n) : copies + n * R * C;
+            const Addressed<T, R, C> copy{table};
+            if constexpr (!contiguous) copy[n] = objects[n];
+        }
+        return {table};
     }
     // Packed results or indexes, n an object.
     template <class E = T>
@@ -238,6 +246,14 @@ class Case : public Row {
     }
 
     // What the contenders have to agree on: objects, or n packed values an object, in any order.
+    template <int R, int C>
+    void compare(const Addressed<T, R, C> &objects) {
+        if constexpr (contiguous) {
+            value = [objects](long n) {
+                return std::vector<double>(objects.data(n), objects.data(n) + R * C);
+            };
+        }
+    }
     template <Layout In, int R, int C>
     void compare(const Objects<T, In, R, C> &objects) {
         value = [objects](long n) {
@@ -257,7 +273,7 @@ class Case : public Row {
 
   private:
     template <Layout In, int R, int C>
-    Objects<T, In, R, C> place(Shape<R, C>) {
+    [[gnu::noinline]] Objects<T, In, R, C> place(Shape<R, C>) {
         using All = Objects<T, In, R, C>;
         bytes += static_cast<double>(All::step) * sizeof(T);
         All all{pool.take<T>(count * All::step + 16 * R * C), nullptr, 0};
@@ -283,48 +299,50 @@ class Case : public Row {
 // ---- registration
 
 struct Extent {
-    bool doubles = true;                                  // also for double
-    unsigned layouts = 0b1111;                            // a bit for each Layout
-    bool streamed = true;                                 // also out of cache
-    bool array = true;                                    // more than one object
+    bool doubles = true;       // also for double
+    unsigned layouts = 0b1111; // a bit for each Layout
+    bool streamed = true;      // also out of cache
+    bool array = true;         // more than one object
 };
 
 using Make = std::function<std::unique_ptr<Row>(long count)>;
 void add(const std::string &operation, const std::string &side, const std::string &type, Layout layout,
          const Extent &extent, const Make &make);
 
-template <int R, int C, class T, Layout L, class Text>
-void add_one(const std::string &operation, const Extent &extent, const Text &text) {
-    if (!(extent.layouts & 1u << static_cast<int>(L)) || (!extent.doubles && std::is_same_v<T, double>)) return;
-    add(operation, R == C ? std::to_string(R) : std::to_string(R) + "x" + std::to_string(C),
-        std::is_same_v<T, float> ? "float" : "double", L, extent, [text](long count) -> std::unique_ptr<Row> {
-            auto row = std::make_unique<Case<T, L>>();
-            row->count = count;
-            text(*row, Shape<R, C>{});
-            return row;
-        });
+template <Extent extent, int R, int C, class T, Layout L, class Text>
+void add_one(const std::string &operation, const Text &text) {
+    constexpr bool single_precision = std::is_same_v<T, float>;
+    if constexpr ((extent.layouts & 1u << static_cast<int>(L)) && (extent.doubles || single_precision))
+        add(operation, R == C ? std::to_string(R) : std::to_string(R) + "x" + std::to_string(C),
+            single_precision ? "float" : "double", L, extent, [text](long count) -> std::unique_ptr<Row> {
+                auto row = std::make_unique<Case<T, L>>();
+                row->count = count;
+                text(*row, Shape<R, C>{});
+                return row;
+            });
 }
 
-template <int R, int C, class Text>
-void add_shape(const std::string &operation, const Extent &extent, const Text &text) {
+// The rows of one operation for one shape. The text is called as text(case, Shape<R, C>).
+template <Extent extent, int R, int C, class Text>
+void add_shape(const std::string &operation, const Text &text) {
     const auto add_type = [&]<class T>(T) {
-        add_one<R, C, T, Layout::packed>(operation, extent, text);
-        add_one<R, C, T, Layout::records>(operation, extent, text);
-        add_one<R, C, T, Layout::list>(operation, extent, text);
-        add_one<R, C, T, Layout::planes>(operation, extent, text);
+        add_one<extent, R, C, T, Layout::packed>(operation, text);
+        add_one<extent, R, C, T, Layout::records>(operation, text);
+        add_one<extent, R, C, T, Layout::list>(operation, text);
+        add_one<extent, R, C, T, Layout::planes>(operation, text);
     };
     add_type(float{});
     add_type(double{});
 }
 
-// The rows of one operation, for each of the sides. The text is called as text(case, Shape<N>).
-template <int... Sides, class Text>
-void rows(const std::string &operation, const Extent &extent, const Text &text) {
-    (add_shape<Sides, Sides>(operation, extent, text), ...);
+// The rows of one operation, for each of the sides.
+template <Extent extent, int... Sides, class Text>
+void rows(const std::string &operation, const Text &text) {
+    (add_shape<extent, Sides, Sides>(operation, text), ...);
 }
 template <int... Sides, class Text>
 void rows(const std::string &operation, const Text &text) {
-    rows<Sides...>(operation, Extent{}, text);
+    rows<Extent{}, Sides...>(operation, text);
 }
 
 void add_sums();

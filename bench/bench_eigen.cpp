@@ -7,7 +7,7 @@ namespace bench {
 namespace {
 
 // No rows out of cache: these are bound by arithmetic everywhere.
-const Extent in_cache{.streamed = false};
+constexpr Extent in_cache{.streamed = false};
 
 template <class A>
 inline constexpr int side_of = A::Object::RowsAtCompileTime;
@@ -65,38 +65,36 @@ auto lapack_general(A a, A v, typename A::T *real, typename A::T *imaginary) {
 
 template <bool Vectors>
 const auto symmetric = []<int N>(auto &c, Shape<N>) {
-    using C = std::decay_t<decltype(c)>;
     const auto a = c.source(square<N>, Fill::symmetric), v = c.result(square<N>);
     auto *const values = c.packed(N);
     if (Vectors) c.ours("smxEigenValuesVectorsSym_ma", a, c.scratch(), v, values, N, c.count);
     else c.ours("smxEigenValuesSym_ma", a, c.scratch(), values, N, c.count);
-    c.peer("Eigen", eigen_symmetric<Vectors, false>(a.anywhere(), v.anywhere(), values));
-    if constexpr (N == 3)
-        c.peer("Eigen, closed form", eigen_symmetric<Vectors, true>(a.anywhere(), v.anywhere(), values));
-    if constexpr (C::contiguous) c.peer("LAPACK", lapack_symmetric<Vectors>(a.anywhere(), v.anywhere(), values));
+    const auto a_ = c.addressed(a), v_ = c.addressed(v);
+    c.peer("Eigen", eigen_symmetric<Vectors, false>(a_, v_, values));
+    if constexpr (N == 3) c.peer("Eigen, closed form", eigen_symmetric<Vectors, true>(a_, v_, values));
+    c.peer("LAPACK", lapack_symmetric<Vectors>(a_, v_, values));
     c.compare(values, N);
 };
 
 template <bool Vectors>
 const auto general = []<int N>(auto &c, Shape<N>) {
-    using C = std::decay_t<decltype(c)>;
     const auto a = c.source(square<N>), v = c.result(square<N>);
     auto *const real = c.packed(N), *const imaginary = c.packed(N);
     if (Vectors) c.ours("smxEigenValuesVectorsRight_ma", a, v, real, imaginary, N, c.count, c.scratch());
     else c.ours("smxEigenValues_ma", a, real, imaginary, N, c.count, c.scratch());
-    c.peer("Eigen", eigen_general<Vectors>(a.anywhere(), v.anywhere(), real, imaginary));
-    if constexpr (C::contiguous)
-        c.peer("LAPACK", lapack_general<Vectors>(a.anywhere(), v.anywhere(), real, imaginary));
+    const auto a_ = c.addressed(a), v_ = c.addressed(v);
+    c.peer("Eigen", eigen_general<Vectors>(a_, v_, real, imaginary));
+    c.peer("LAPACK", lapack_general<Vectors>(a_, v_, real, imaginary));
     c.compare(real, N);
 };
 
 } // namespace
 
 void add_eigenproblems() {
-    rows<3, 4, 5, 6>("symmetric eigenvalues", in_cache, symmetric<false>);
-    rows<3, 4, 5, 6>("symmetric eigenvectors", in_cache, symmetric<true>);
-    rows<3, 4, 5, 6>("general eigenvalues", in_cache, general<false>);
-    rows<3, 4, 5, 6>("general eigenvectors", in_cache, general<true>);
+    rows<in_cache, 3, 4, 5, 6>("symmetric eigenvalues", symmetric<false>);
+    rows<in_cache, 3, 4, 5, 6>("symmetric eigenvectors", symmetric<true>);
+    rows<in_cache, 3, 4, 5, 6>("general eigenvalues", general<false>);
+    rows<in_cache, 3, 4, 5, 6>("general eigenvectors", general<true>);
 }
 
 } // namespace bench

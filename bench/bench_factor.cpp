@@ -53,11 +53,11 @@ auto lapack_inverse(A a, A d) {
     };
 }
 
-// Eigen has closed forms up to side 4, which are cheap enough for the layout to matter to the compiler.
-template <int N, class A>
-auto for_eigen(A a) {
+// The closed forms up to side 4 are cheap enough for the layout to matter to the compiler.
+template <int N, class C, class A>
+auto for_closed_form(C &c, const A &a) {
     if constexpr (N <= 4) return a;
-    else return a.anywhere();
+    else return c.addressed(a);
 }
 template <class A, class T>
 auto eigen_determinant(A a, T *d) {
@@ -78,10 +78,11 @@ void add_factorizations() {
         const auto b = c.source(vector<N>), x = c.result(vector<N>);
         c.ours("smxCholeskyDecomp_ma", a, d, N, c.count);
         c.ours("smxCholeskyBackSubst_mava", d, b, x, N, c.count);
-        c.peer("Eigen", eigen_solve<Solver>(a.anywhere(), b.anywhere(), x.anywhere()));
-        if constexpr (C::contiguous)
-            c.peer("LAPACK", lapack_cholesky(a.anywhere(), d.anywhere(), b.anywhere(), x.anywhere()));
-        c.compare(x);
+        const auto a_ = c.addressed(a), d_ = c.addressed(d);
+        const auto b_ = c.addressed(b), x_ = c.addressed(x);
+        c.peer("Eigen", eigen_solve<Solver>(a_, b_, x_));
+        c.peer("LAPACK", lapack_cholesky(a_, d_, b_, x_));
+        c.compare(x_);
     });
 
     const auto qr = []<int H, int W>(auto &c, Shape<H, W>) {
@@ -92,12 +93,15 @@ void add_factorizations() {
         const auto x = c.result(vector<W>);
         c.ours("smxQRDecomp_ma", a, c.scratch(), d, W, H, c.count);
         c.ours("smxQRBackSubst_mava", d, c.scratch(), b, x, W, H, c.count);
-        c.peer("Eigen", eigen_solve<Solver>(a.anywhere(), b.anywhere(), x.anywhere()));
-        if constexpr (C::contiguous) c.peer("LAPACK", lapack_qr(a.anywhere(), b.anywhere(), x.anywhere()));
-        c.compare(x);
+        const auto a_ = c.addressed(a);
+        const auto b_ = c.addressed(b);
+        const auto x_ = c.addressed(x);
+        c.peer("Eigen", eigen_solve<Solver>(a_, b_, x_));
+        c.peer("LAPACK", lapack_qr(a_, b_, x_));
+        c.compare(x_);
     };
     rows<3, 4, 5, 6>("QR factor and solve", qr);
-    add_shape<6, 4>("QR factor and solve", Extent{}, qr);
+    add_shape<Extent{}, 6, 4>("QR factor and solve", qr);
 
     rows<3, 4, 5, 6>("determinant", []<int N>(auto &c, Shape<N>) {
         using C = std::decay_t<decltype(c)>;
@@ -105,7 +109,7 @@ void add_factorizations() {
         const auto a = c.source(square<N>);
         T *const d = c.packed(1);
         c.ours("smxDet_ma", a, N, c.scratch(), d, c.count);
-        c.peer("Eigen", eigen_determinant(for_eigen<N>(a), d));
+        c.peer("Eigen", eigen_determinant(for_closed_form<N>(c, a), d));
         if constexpr (C::contiguous && N <= 4)
             c.peer("GLM", [=](long n) { d[n] = glm::determinant(glm_at<GlmMatrix<T, N>>(a.data(n))); });
         if constexpr (C::contiguous && N == 4 && std::is_same_v<T, float>)
@@ -119,8 +123,9 @@ void add_factorizations() {
         using T = typename C::T;
         const auto a = c.source(square<N>), d = c.result(square<N>);
         c.ours("smxInvert_ma", a, c.scratch(), d, N, c.count);
-        c.peer("Eigen", eigen_inverse(for_eigen<N>(a), for_eigen<N>(d)));
-        if constexpr (C::contiguous) c.peer("LAPACK", lapack_inverse(a.anywhere(), d.anywhere()));
+        const auto a_ = c.addressed(a), d_ = c.addressed(d);
+        c.peer("Eigen", eigen_inverse(for_closed_form<N>(c, a), for_closed_form<N>(c, d)));
+        c.peer("LAPACK", lapack_inverse(a_, d_));
         if constexpr (C::contiguous && N <= 4) {
             using G = GlmMatrix<T, N>;
             c.peer("GLM", [=](long n) { glm_at<G>(d.data(n)) = glm::inverse(glm_at<G>(a.data(n))); });
@@ -129,7 +134,7 @@ void add_factorizations() {
             c.peer("cglm", [=](long n) { glm_mat4_inv(cglm_at<mat4>(a.data(n)), cglm_at<mat4>(d.data(n))); });
         if constexpr (C::contiguous && N == 3 && std::is_same_v<T, float>)
             c.peer("cglm", [=](long n) { glm_mat3_inv(cglm_at<mat3>(a.data(n)), cglm_at<mat3>(d.data(n))); });
-        c.compare(d);
+        c.compare(d_);
     });
 }
 

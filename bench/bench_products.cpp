@@ -6,6 +6,15 @@
 
 namespace bench {
 
+namespace {
+
+template <class A>
+auto eigen_product(A a, A b, A d) {
+    return [=](long n) { d[n].noalias() = a[n] * b[n]; };
+}
+
+} // namespace
+
 void add_products() {
     rows<3, 4, 5, 6>("product", []<int N>(auto &c, Shape<N>) {
         using C = std::decay_t<decltype(c)>;
@@ -19,7 +28,8 @@ void add_products() {
                 d[n].noalias() = left * right;
             });
         } else {
-            c.peer("Eigen", [=](long n) { d[n].noalias() = a[n] * b[n]; });
+            if constexpr (N <= 4) c.peer("Eigen", eigen_product(a, b, d));
+            else c.peer("Eigen", eigen_product(c.addressed(a), c.addressed(b), c.addressed(d)));
             // column-major peers see the transposed matrices: D' = B' A'
             const libxsmm_mmfunction<T> multiply(LIBXSMM_GEMM_FLAG_NONE, N, N, N, T(1), T(0));
             c.peer("libxsmm", [=](long n) { multiply(b.data(n), a.data(n), d.data(n)); });
@@ -44,8 +54,8 @@ void add_products() {
     });
 
     // one call of the non-array function
-    const Extent one{.layouts = 1, .streamed = false, .array = false};
-    rows<3, 4, 5, 6>("product, one call", one, []<int N>(auto &c, Shape<N>) {
+    constexpr Extent one{.layouts = 1, .streamed = false, .array = false};
+    rows<one, 3, 4, 5, 6>("product, one call", []<int N>(auto &c, Shape<N>) {
         const auto a = c.single(square<N>), b = c.single(square<N>);
         const auto d = c.single(square<N>);
         c.ours("smxMul_mm", a, N, N, b, N, N, d);
@@ -82,8 +92,8 @@ void add_products() {
         c.compare(d);
     });
 
-    const Extent points{.doubles = false, .layouts = 0b0011};
-    rows<3>("affine transform", points, [](auto &c, Shape<3>) {
+    constexpr Extent points{.doubles = false, .layouts = 0b0011};
+    rows<points, 3>("affine transform", [](auto &c, Shape<3>) {
         const auto m = c.single(square<4>);
         m() << 1.1f, 0.2f, 0.1f, 0.5f, -0.2f, 0.9f, 0.3f, 0.1f, 0.1f, -0.3f, 1.0f, 2.0f, 0.01f, 0.02f, 0.1f, 1.5f;
         const auto p = c.source(vector<3>), d = c.result(vector<3>);
