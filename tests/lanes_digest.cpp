@@ -1,0 +1,159 @@
+// Prints one line for each of many array calls: its name, its status and a digest of all memory after it. The lines are
+// the same for every instruction set (SMX_ISA), which test_lanes.cpp compares.
+//
+//   lanes_digest            all values, layouts and overlaps
+//   lanes_digest --plain    well-posed values without overlaps: the same for any number of threads, too
+//   lanes_digest --guard    no digest: each operand right before, then right behind a page that cannot be touched
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <string>
+
+#include "members.hpp"
+
+using namespace members;
+
+namespace {
+
+std::uint64_t digest(const std::vector<unsigned char> &bytes) {
+    std::uint64_t hash = 14695981039346656037u;
+    for (const unsigned char byte : bytes) hash = (hash ^ byte) * 1099511628211u;
+    return hash;
+}
+
+void report(const Member &member, const Shape &shape, const char *variation, Call &call) {
+    const int status = call.run();
+    std::printf("%s side %d count %d %s: %d %016llx\n", member.name().c_str(), shape.size, shape.count, variation,
+                status, static_cast<unsigned long long>(digest(call.memory())));
+}
+
+struct Variation {
+    const char *name;
+    int step, row_gap, object_gap;
+    bool lanes, shuffled;
+};
+constexpr Variation variations[] = {{"packed", 1, 0, 0, false, false}, {"rows", 1, 1, 3, false, false},
+                                    {"structs", 1, 0, 5, false, true}, {"elements", 2, 1, 1, false, false},
+                                    {"lanes", 1, 0, 0, true, false},   {"lanes apart", 1, 0, 16, true, false}};
+
+Shape shaped(int side, int count, const Variation &v) {
+    Shape shape;
+    shape.size = side;
+    shape.count = count;
+    shape.step = v.step;
+    shape.row_gap = v.row_gap;
+    shape.object_gap = v.object_gap;
+    shape.lanes = v.lanes;
+    shape.shuffled = v.shuffled;
+    return shape;
+}
+
+// The Invert kernels of other sides end the process for some singular matrices.
+bool may_take_any_values(const Member &member, int side) {
+    return side >= 3 && side <= 6 && member.row->name.rfind("Invert", 0) != 0;
+}
+
+void plain(const Member &member) {
+    for (const int side : {1, 2, 3, 4, 5, 6, 7})
+        for (const int count : {3, 37})
+            for (const Variation &v : variations) {
+                Shape shape = shaped(side, count, v);
+                Call call(member, shape);
+                report(member, shape, v.name, call);
+            }
+}
+
+void values(const Member &member) {
+    using Values = Shape::Values;
+    for (const int side : {3, 4, 5, 6})
+        for (const int count : {1, 2, 5, 18, 35, 53})
+            for (const Values kind : {Values::random, Values::integers, Values::special, Values::singular_middle}) {
+                if (kind != Values::random && !may_take_any_values(member, side)) continue;
+                Shape shape = shaped(side, count, variations[(side + count + static_cast<int>(kind)) % 6]);
+                shape.values = kind;
+                shape.seed = static_cast<unsigned>(count);
+                shape.shift = count % 2;
+                Call call(member, shape);
+                report(member, shape, ("values " + std::to_string(static_cast<int>(kind))).c_str(), call);
+            }
+}
+
+// The first destination on each source, moved by so many bytes.
+void overlaps(const Member &member) {
+    const Operand *result = nullptr;
+    for (const Operand &o : member.row->operands)
+        if (result == nullptr && !o.source && (o.structure == Structure::matrix || o.structure == Structure::vector))
+            result = &o;
+    if (result == nullptr) return;
+    for (const Operand &o : member.row->operands) {
+        if (!o.source || (o.structure != Structure::matrix && o.structure != Structure::vector)) continue;
+        for (const int side : {3, 4, 6})
+            for (const Variation &v : variations) {
+                if (v.shuffled) continue;
+                Shape shape = shaped(side, 37, v);
+                const int E = member.element;
+                const int object = side * side * E;
+                for (const int offset :
+                     {0, E, -E, side * E, object, -object, 2 * object, 16 * object, 17 * E, 37 * E}) {
+                    Call call(member, shape);
+                    call.overlap(result->name, o.name, offset < 0 ? -offset : offset);
+                    // A negative offset moves the source onto the result instead.
+                    if (offset < 0) {
+                        Call other(member, shape);
+                        other.overlap(o.name, result->name, -offset);
+                        report(member, shape, (std::string(v.name) + " source moved " + std::to_string(offset)).c_str(),
+                               other);
+                        continue;
+                    }
+                    report(member, shape,
+                           (std::string(v.name) + " " + o.name + " moved " + std::to_string(offset)).c_str(), call);
+                }
+            }
+    }
+}
+
+void guard(const Member &member) {
+    const std::size_t page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE)), room = 64 * page;
+    for (const int side : {3, 4, 5, 6})
+        for (const Variation &v : variations)
+            for (const bool at_end : {true, false}) {
+                const Shape shape = shaped(side, 35, v);
+                Call call(member, shape);
+                std::vector<char *> regions;
+                for (const Operand &o : member.row->operands) {
+                    if (o.structure == Structure::size || o.structure == Structure::count ||
+                        o.structure == Structure::value)
+                        continue;
+                    char *const region = static_cast<char *>(
+                        mmap(nullptr, room + 2 * page, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+                    mprotect(region + page, room, PROT_READ | PROT_WRITE);
+                    call.move(o.name, at_end ? region + page + room - call.bytes(o.name) : region + page);
+                    regions.push_back(region);
+                }
+                call.run();
+                for (char *const region : regions) munmap(region, room + 2 * page);
+            }
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    const bool only_plain = argc > 1 && std::strcmp(argv[1], "--plain") == 0;
+    const bool only_guard = argc > 1 && std::strcmp(argv[1], "--guard") == 0;
+    for (const Member &member : all()) {
+        if (!member.row->array()) continue;
+        if (only_guard) {
+            guard(member);
+            continue;
+        }
+        plain(member);
+        if (only_plain) continue;
+        values(member);
+        overlaps(member);
+    }
+    if (only_guard) std::puts("guarded");
+    return 0;
+}

@@ -1,0 +1,204 @@
+// Which driver or kernel a call reaches, with recorder.cpp preloaded: tiers, bounds on both sides, and the shares of
+// the threads. Nothing is computed, so operands need no memory.
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+#include <omp.h>
+
+#include <algorithm>
+
+#include "members.hpp"
+#include "recorder.hpp"
+#include "rules.hpp"
+
+extern "C" int threads_omp_of_n_smk;
+
+using namespace members;
+
+namespace {
+
+char somewhere[8];
+
+struct Arguments {
+    std::map<std::string, int> integers;
+    std::map<std::string, void *> pointers;
+};
+
+Arguments arguments(const Member &m, int size, int count, bool adjacent) {
+    Arguments a;
+    for (const Argument &argument : m.arguments()) {
+        if (argument.type == ArgumentType::pointer) a.pointers[argument.name] = somewhere;
+        else if (argument.operand->structure == Structure::size) a.integers[argument.name] = size;
+        else if (argument.operand->structure == Structure::count) a.integers[argument.name] = count;
+        else if (argument.name.find("RoiShift") != std::string::npos) a.integers[argument.name] = 0;
+        else if (argument.name.find("Stride2") != std::string::npos)
+            a.integers[argument.name] = adjacent ? m.element : 2 * m.element;
+        else a.integers[argument.name] = 8 * m.element;
+    }
+    return a;
+}
+
+std::vector<RecordedCall> record(const Member &m, const Arguments &a, const std::string &function) {
+    recorder_clear();
+    invoke(symbol(function), m.arguments(), a.integers, a.pointers, 1, m.element);
+    const RecordedCall *calls;
+    const int count = recorder_calls(&calls);
+    return {calls, calls + count};
+}
+std::string reached(const Member &m, const Arguments &a) {
+    const std::vector<RecordedCall> calls = record(m, a, m.name());
+    return calls.size() == 1 ? calls[0].name : std::to_string(calls.size()) + " calls";
+}
+
+int bound_of(const Member &m, const rules::Bound &b, bool adjacent) {
+    const int type = m.element == 8;
+    if (m.layout == Layout::pointers) return b.pointers[type];
+    if (m.layout == Layout::list) return adjacent ? b.list[type] : b.list_s2[type];
+    return adjacent ? b.strided[type] : b.s2[type];
+}
+
+} // namespace
+
+TEST(Calls, WorkBelowAtAndAboveTheBound) {
+    for (const Member &m : all()) {
+        if (!m.row->array()) continue;
+        const rules::Bound *const b = rules::bound(m);
+        if (b == nullptr) continue;
+        for (const bool adjacent : {true, false}) {
+            if (!adjacent && m.layout == Layout::pointers) continue;
+            const int bound = bound_of(m, *b, adjacent);
+            const std::string kernel = adjacent || m.layout == Layout::pointers ? m.kernel() : m.kernel_s2();
+            int below = 0, above = 0;
+            // The nearest works that sizes up to 12 can reach, on both sides and at the bound itself.
+            for (long long nearest : {-1LL, 0LL, 1LL}) {
+                long long best_work = nearest < 0 ? 0 : 1LL << 40;
+                int size = 0, count = 0;
+                for (int s = m.row->name.rfind("Invert", 0) == 0 ? 2 : 1; s <= 12; ++s)
+                    for (int n = 1; n <= bound + 2; ++n) {
+                        const long long work = b->work(s, n);
+                        const bool fits = nearest < 0    ? work < bound && work > best_work
+                                          : nearest == 0 ? work == bound
+                                                         : work > bound && work < best_work;
+                        if (fits || (nearest < 0 && size == 0 && work < bound)) best_work = work, size = s, count = n;
+                        if (work > bound) break;
+                    }
+                if (size == 0) continue;
+                const bool driver = b->at_least ? best_work >= bound : best_work > bound;
+                (driver ? above : below) += 1;
+                ASSERT_EQ(reached(m, arguments(m, size, count, adjacent)), driver ? m.driver() : kernel)
+                    << m.name() << " work " << best_work << " bound " << bound;
+            }
+            EXPECT_GE(above, 1) << m.name();
+            if (bound > 6) {
+                EXPECT_GE(below, 1) << m.name();
+            }
+        }
+    }
+}
+
+// One stride2 that is not the element size sends the call to the general tier.
+TEST(Calls, AnySingleStrideSelectsTheGeneralTier) {
+    for (const Member &m : all()) {
+        if (m.layout == Layout::pointers || m.row->one_kernel() || symbol(m.kernel_s2()) == nullptr) continue;
+        threads_omp_of_n_smk = 1;
+        for (const Argument &argument : m.arguments()) {
+            if (argument.name.find("Stride2") == std::string::npos) continue;
+            Arguments a = arguments(m, 3, 1, true);
+            a.integers[argument.name] *= 2;
+            const std::string found = reached(m, a);
+            // The smallest products go to the driver already.
+            EXPECT_TRUE(found == m.kernel_s2() || (found == m.driver() && m.element == 4)) << m.name() << " " << found;
+        }
+    }
+}
+
+namespace {
+
+// Drivers are recorded too, so their own code is looked up behind the recorder.
+void *real_driver(const Member &m) {
+    static void *const library = dlopen(SMX_LIBRARY, RTLD_NOW | RTLD_NOLOAD);
+    return dlsym(library, m.driver().c_str());
+}
+
+std::vector<RecordedCall> drive(const Member &m, const Arguments &a) {
+    recorder_clear();
+    invoke(real_driver(m), m.arguments(), a.integers, a.pointers, 1, m.element);
+    const RecordedCall *calls;
+    const int count = recorder_calls(&calls);
+    std::vector<RecordedCall> list(calls, calls + count);
+    std::sort(list.begin(), list.end(), [](const RecordedCall &x, const RecordedCall &y) {
+        return x.first != y.first ? x.first < y.first : x.second < y.second;
+    });
+    return list;
+}
+
+} // namespace
+
+// Thread t takes quotient objects, one more below the remainder; fewer objects than threads run on the calling thread.
+TEST(Calls, SharesOfTheThreads) {
+    for (const Member &m : all()) {
+        if (!m.row->array() || symbol(m.driver()) == nullptr || !m.row->operands[0].array) continue;
+        if (m.row->operands[0].structure != Structure::matrix && m.row->operands[0].structure != Structure::vector)
+            continue;
+        for (int threads = 0; threads <= 4; ++threads)
+            for (int count = 1; count <= 2 * threads + 3; ++count)
+                for (const bool adjacent : {true, false}) {
+                    if (!adjacent && m.layout == Layout::pointers) continue;
+                    threads_omp_of_n_smk = threads;
+                    const std::vector<RecordedCall> calls = drive(m, arguments(m, 3, count, adjacent));
+                    const int shares = threads <= 1 || count < threads ? 1 : threads;
+                    ASSERT_EQ(calls.size(), static_cast<std::size_t>(shares))
+                        << m.name() << " T " << threads << " count " << count;
+                    const int quotient = count / std::max(threads, 1), remainder = count % std::max(threads, 1);
+                    for (int t = 0; t < shares; ++t) {
+                        const int first = quotient * t + std::min(t, remainder);
+                        const RecordedCall &call = calls[static_cast<std::size_t>(t)];
+                        ASSERT_EQ(call.name, adjacent || m.layout == Layout::pointers ? m.kernel() : m.kernel_s2());
+                        const std::ptrdiff_t moved = static_cast<const char *>(call.first) - somewhere;
+                        const std::ptrdiff_t step = m.layout == Layout::strided ? 8 * m.element
+                                                    : m.layout == Layout::list
+                                                        ? static_cast<std::ptrdiff_t>(sizeof(void *))
+                                                        : 0;
+                        ASSERT_EQ(moved, step * first) << m.name();
+                        if (m.layout == Layout::pointers) {
+                            ASSERT_EQ(call.second, 8 * m.element * first) << m.name();
+                        }
+                    }
+                }
+    }
+    threads_omp_of_n_smk = 1;
+}
+
+// A shift is an int: where the last share's would not fit, the call stays on its thread.
+TEST(Calls, AShiftThatDoesNotFitIsNotHandedOn) {
+    const Member &m = find("smxAdd_mama_64f_P");
+    threads_omp_of_n_smk = 2;
+    Arguments a = arguments(m, 3, 4, true);
+    a.integers["src1Stride0"] = 0x40000000;
+    EXPECT_EQ(drive(m, a).size(), 1u);
+    a.integers["src1Stride0"] = 0x20000000;
+    EXPECT_EQ(drive(m, a).size(), 2u);
+    threads_omp_of_n_smk = 1;
+}
+
+// Inside a caller's parallel region the runtime gives one thread, which does its own share and no other.
+TEST(Calls, ANestedCallDoesItsFirstShareOnly) {
+    const Member &m = find("smxMul_mama_64f");
+    threads_omp_of_n_smk = 3;
+    omp_set_max_active_levels(1);
+    std::vector<RecordedCall> calls;
+#pragma omp parallel num_threads(2)
+    {
+#pragma omp critical
+        calls = drive(m, arguments(m, 3, 10, true));
+    }
+    ASSERT_EQ(calls.size(), 1u);
+    EXPECT_EQ(calls[0].first, somewhere);
+    threads_omp_of_n_smk = 1;
+}
+
+// Work figures wrap: a call whose work is negative that way takes its kernel.
+TEST(Calls, WorkWraps) {
+    const Member &m = find("smxMul_mama_64f");
+    EXPECT_EQ(reached(m, arguments(m, 20000, 2, true)), m.kernel()); // 2 400 000 000 is negative as an int
+    EXPECT_EQ(reached(m, arguments(m, 20000, 1, true)), m.driver());
+}

@@ -1,0 +1,53 @@
+// Groups of objects against one after the other: the same bits, the same statuses, for every instruction set, over all
+// array members, layouts, values and overlaps; and no access outside the operands.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::vector<std::string> lines_of(const std::string &environment, const std::string &options) {
+    FILE *const pipe = popen((environment + " " LANES_DIGEST " " + options + " 2>&1").c_str(), "r");
+    std::vector<std::string> lines;
+    char line[512];
+    while (std::fgets(line, sizeof line, pipe) != nullptr) lines.emplace_back(line);
+    if (pclose(pipe) != 0) lines.emplace_back("the process failed\n");
+    return lines;
+}
+
+void expect_same(const std::vector<std::string> &expected, const std::vector<std::string> &found) {
+    ASSERT_EQ(expected.size(), found.size()) << found.back();
+    int different = 0;
+    for (std::size_t i = 0; i < expected.size(); ++i)
+        if (expected[i] != found[i] && ++different <= 10)
+            ADD_FAILURE() << "expected " << expected[i] << "found    " << found[i];
+    EXPECT_EQ(different, 0) << "of " << expected.size() << " calls";
+}
+
+} // namespace
+
+TEST(Lanes, EveryInstructionSetGivesTheBitsOfOneAfterTheOther) {
+    const std::vector<std::string> sequential = lines_of("SMX_ISA=sequential", "");
+    ASSERT_GT(sequential.size(), 1000u) << sequential.back();
+    for (const char *set : {"baseline", "avx2", "widest"}) {
+        SCOPED_TRACE(set);
+        expect_same(sequential, lines_of(std::string("SMX_ISA=") + set, ""));
+    }
+}
+
+TEST(Lanes, EveryThreadCountGivesTheSameBits) {
+    const std::vector<std::string> one = lines_of("OMP_NUM_THREADS=1", "--plain");
+    ASSERT_GT(one.size(), 1000u) << one.back();
+    for (const char *threads : {"2", "3", "4"}) {
+        SCOPED_TRACE(threads);
+        expect_same(one, lines_of(std::string("OMP_NUM_THREADS=") + threads, "--plain"));
+    }
+}
+
+TEST(Lanes, NothingOutsideTheOperandsIsTouched) {
+    for (const char *set : {"sequential", "baseline", "avx2", "widest"})
+        EXPECT_EQ(lines_of(std::string("SMX_ISA=") + set, "--guard"), std::vector<std::string>{"guarded\n"}) << set;
+}
