@@ -146,8 +146,8 @@ struct MatrixProduct {
         if (side != h1.value || side != w2.value || side != h2.value || side < 3 || side > 6)
             return one_by_one(0, count);
         const SameObject second = from_zero ? SameObject::none : SameObject::any;
-        const LanePlan plan = lane_plan(
-            count, {{a.lanes(side, side), SameObject::none}, {b.lanes(side, side), second}}, {d.lanes(side, side)});
+        const LanePlan plan = lane_plan(count, {{a.lanes(side, side), SameObject::none}, {b.lanes(side, side), second}},
+                                        {d.lanes(side, side)});
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, matrix_product_lanes, plan, from_zero); }, one_by_one);
     }
@@ -167,8 +167,8 @@ struct MatrixProduct {
     }
     // List kernels that call the non-array kernel; its status is not looked at.
     template <class Tier, class Call, class A, class B, class D>
-    static SmxStatus run(Tier, const Inner<Call> &inner, const A &a, W1 w1, H1 h1, const B &b, W2 w2, H2 h2,
-                         const D &d, Count count) {
+    static SmxStatus run(Tier, const Inner<Call> &inner, const A &a, W1 w1, H1 h1, const B &b, W2 w2, H2 h2, const D &d,
+                         Count count) {
         const auto one_by_one = [&](int first, int last) {
             for (int n = first; n < last; ++n) inner.call(n);
             return SmxStatus{smxStsNoErr};

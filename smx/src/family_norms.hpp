@@ -40,8 +40,7 @@ struct L2Norm {
     static SmxStatus run(Tier, const A &a, const R &dst, Size<Role::len> len, Count count) {
         const auto one_by_one = [&](int first, int last) { return objects(a, dst, len.value, first, last); };
         if (len.value < 3 || len.value > 6) return one_by_one(0, count.value);
-        const LanePlan plan =
-            lane_plan(count.value, {{a.lanes(1, len.value), SameObject::any}}, {dst.lanes(1)});
+        const LanePlan plan = lane_plan(count.value, {{a.lanes(1, len.value), SameObject::any}}, {dst.lanes(1)});
         return for_each_object<ElementOf<A>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, norm_lanes, plan, false, false); }, one_by_one);
     }
@@ -51,8 +50,7 @@ struct Trace {
     template <class Tier, class A, class R>
     static SmxStatus objects(const A &a, const R &dst, int side, int first, int last) {
         using T = ElementOf<A>;
-        constexpr SumOrder order =
-            std::is_same_v<Tier, P> ? SumOrder::ascending : SumOrder::trace_tail_first;
+        constexpr SumOrder order = std::is_same_v<Tier, P> ? SumOrder::ascending : SumOrder::trace_tail_first;
         if (with_side(side, [&]<int N>(Side<N>) {
                 for (int n = first; n < last; ++n) {
                     const auto x = a.object(n, N);

@@ -60,7 +60,8 @@ struct MatrixVectorProduct : VectorSizes {
         T sum[Objects][R] = {};
         for (int p = 0; p < k; ++p)
             for (int o = 0; o < Objects; ++o)
-                for (int r = 0; r < R; ++r) sum[o][r] += a.object(first + o, columns)(i + r, p) * b.object(first + o)(p);
+                for (int r = 0; r < R; ++r)
+                    sum[o][r] += a.object(first + o, columns)(i + r, p) * b.object(first + o)(p);
         for (int o = 0; o < Objects; ++o)
             for (int r = 0; r < R; ++r) d.object(first + o)(i + r) = sum[o][r];
     }
@@ -128,7 +129,8 @@ struct MatrixVectorProduct : VectorSizes {
                         for (int p = 0; p < N; ++p) once[p] = b.object(0)(p);
                     for (int n = first; n < last; ++n)
                         if constexpr (vector_once)
-                            written_out<N, T>(a.object(n, N), [&](int p) { return once[p]; }, d.object(n));
+                            written_out<N, T>(
+                                a.object(n, N), [&](int p) { return once[p]; }, d.object(n));
                         else written_out<N, T>(a.object(n, N), b.object(n), d.object(n));
                 }))
                 return smxStsNoErr;

@@ -19,8 +19,8 @@ inline namespace SMX_ISA {
 
 struct DotProduct {
     template <class Tier>
-    static constexpr SumOrder order = is_adjacent<Tier> || std::is_same_v<Tier, P> ? SumOrder::ascending
-                                                                                    : SumOrder::dot_tail_second;
+    static constexpr SumOrder order =
+        is_adjacent<Tier> || std::is_same_v<Tier, P> ? SumOrder::ascending : SumOrder::dot_tail_second;
 
     template <int N, class T, class View>
     static void read(const View &view, T (&x)[N]) {
@@ -83,9 +83,8 @@ struct CrossProduct {
     }
     template <class Tier, class A, class B, class D>
     static SmxStatus run(Tier, const A &a, const B &b, const D &dst, Count count) {
-        const LanePlan plan =
-            lane_plan(count.value, {{a.lanes(1, 3), SameObject::none}, {b.lanes(1, 3), SameObject::none}},
-                      {dst.lanes(1, 3)});
+        const LanePlan plan = lane_plan(
+            count.value, {{a.lanes(1, 3), SameObject::none}, {b.lanes(1, 3), SameObject::none}}, {dst.lanes(1, 3)});
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, cross_product_lanes, plan); },
             [&](int first, int last) { return objects(a, b, dst, first, last); });

@@ -246,8 +246,8 @@ struct Packed : Unchecked {
     // As `elements` adjacent elements an object.
     LaneOperand lanes(int elements) const {
         constexpr std::ptrdiff_t size = sizeof(T);
-        return {base, nullptr, 0, step * size, 0, size, static_cast<int>(size), 1, elements, Addressing::strided, false,
-                step == 0};
+        return {base,  nullptr,  0, step * size, 0, size, static_cast<int>(size), 1, elements, Addressing::strided,
+                false, step == 0};
     }
 };
 
