@@ -96,8 +96,8 @@ SMX_API SmxStatus smxLUDecomp_ma_64f_L(const double *const *src, int srcRoiShift
  *           vectors of length n. pivotIndex: n ints, in mava n * count, packed as smxLUDecomp wrote them. Its entries
  *           are not tested: one outside 0 to n-1 reads outside the object.
  * Order     sides 3 to 6 subtract the products one by one, forward with j = 1, ..., i-1, 0, back with j = n-1, ...,
- *           i+1; other sides sum them in ascending j first. mva multiplies by reciprocals of the diagonal, made once, for
- *           sides 3 to 6, where mv and mava divide: their last bits may differ.
+ *           i+1; other sides sum them in ascending j first. mva multiplies by reciprocals of the diagonal, made once,
+ *           for sides 3 to 6, where mv and mava divide: their last bits may differ.
  * Strides   in bytes, positive multiples of the element size; see smx.h.
  * Overlap   for sides 3 to 6 dst may be src2, with the same strides. For other sides only where no rows were exchanged
  *           (pivotIndex is 0, 1, 2, ...); else the solution is wrong. Nothing else may overlap.
