@@ -30,7 +30,10 @@ extern "C" {
  *
  * ALL TOLERANCES ARE ABSOLUTE: eps = 2^-23 in float, 2^-52 in double, whatever the scale of the matrix. Off-diagonal
  * elements below 2 eps are taken for 0, so a matrix of tiny elements comes back as its own diagonal, and is called
- * singular. Scale first: divide by the greatest magnitude of the matrix or array, multiply the values by it after.
+ * singular. And the reduction leaves a column as it is if its squared length below the diagonal is about eps or less:
+ * elements up to some 2^-12 (float) or 2^-26 (double) may then be ignored, so that a matrix close to a multiple of the
+ * identity loses half of its digits. Scale first: divide by the greatest magnitude of the matrix or
+ * array, multiply the values by it after.
  *
  * smxStsSingularErr: the determinant (side 2) or the product of the eigenvalues (sides 3 and up) is at most eps in
  *     magnitude. A matrix with an eigenvalue of 0 is refused, and one with several small ones. Side 2 has then written
@@ -47,8 +50,10 @@ extern "C" {
  *
  * A WRONG VALUE WITH STATUS 0 IS POSSIBLE. A sweep skips its last update if an intermediate value happens to be below
  * eps, so for a few matrices one value comes out wrong. Side 4 with 2 on the diagonal and -1 beside it is one. Where it
- * matters compare the sum of the values with the trace; where they differ, shift the diagonal, call again and
- * subtract the shift. The forms round differently: that one of them is right says nothing about another. */
+ * matters compare the sum of the values with the trace; where they differ, scale the matrix by 2^10 or shift its
+ * diagonal, call again, undo it, and compare once more. The forms round differently: that one of them is right says
+ * nothing about another. Random matrices hardly ever meet this, structured ones do (equal or evenly spaced elements).
+ * For the same reason a cluster of values within some 100 eps may end with smxStsConvergeErr. */
 SMX_API SmxStatus smxEigenValuesSym_m_32f(const float *src, int srcStride1, int srcStride2, float *buffer,
                                           float *dstValues, int widthHeight);
 SMX_API SmxStatus smxEigenValuesSym_m_32f_P(const float *const *src, int srcRoiShift, float *buffer, float *dstValues,
@@ -215,9 +220,11 @@ SMX_API SmxStatus smxEigenValues_ma_64f_L(const double *const *src, int srcRoiSh
  * smxStsErr: a complex 2 by 2 block of the back substitution is singular. All values are written, no vector is.
  * SILENT RETURN: where a real 2 by 2 block of the back substitution is singular, the function returns at once WITH
  *     smxStsNoErr. All values of the object are written, its vectors are not; an array call has stopped there and the
- *     objects behind it have neither. It takes a block that a real eigenvalue elsewhere on the diagonal makes vanish,
- *     elements of some 2^-100 (float) or 2^-970 (double). To notice it, fill the vectors with not-a-numbers before.
- * Defective matrices have fewer independent vectors than columns: some columns then agree up to rounding.
+ *     objects behind it have neither. To notice it, fill the vectors with not-a-numbers before. Neither
+ *     event has been seen with a matrix from outside: deflation clears such blocks first, rounding apart.
+ * Defective matrices have fewer independent vectors than columns: some columns then agree up to rounding. Right
+ * vectors of real values are not scaled on their way, so for a defective matrix of side 4 and up they may overflow and
+ * come back as zeros.
  * An array call stops at its first failing object, as in smxEigenValues. */
 SMX_API SmxStatus smxEigenValuesVectorsRight_m_32f(const float *src, int srcStride1, int srcStride2, float *dstVectors,
                                                    int dstStride1, int dstStride2, float *dstValuesRe,

@@ -59,7 +59,7 @@ template <class Num>
 [[gnu::always_inline]] inline Num safe_hypot(Num x, Num y) {
     using T = ElementOfNumber<Num>;
     const Num ax = magnitude(x), ay = magnitude(y);
-    const MaskOf<Num> first = ax > ay;
+    const MaskOf<Num> first = !(ay > ax); // a not-a-number in x comes through
     const Num w = select(first, ax, ay), z = select(first, ay, ax);
     return select(z >= EigenLimits<T>::safmin, w * square_root(z * z / (w * w) + T(1)), w);
 }
@@ -71,7 +71,7 @@ struct Reflector {
     MaskOf<Num> some; // else x stays as it is and nothing is reflected
     [[gnu::always_inline]] Reflector(Num alpha, Num norm) {
         using T = ElementOfNumber<Num>;
-        some = norm >= EigenLimits<T>::safmin;
+        some = !(norm < EigenLimits<T>::safmin); // a not-a-number comes through
         const Num length = safe_hypot(alpha, norm);
         const Num image = select(alpha >= T(0), -length, length);
         tau = select(some, (image - alpha) / image, Num(T(0)));
