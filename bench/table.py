@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Turns the measurements of smx_bench into the speed table (Markdown) and its picture.
 
 table.py speed.json [--publish DOCS]
