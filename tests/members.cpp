@@ -62,6 +62,7 @@ const std::vector<Row> &rows() {
         for (const auto &text : texts) {
             const std::vector<std::string> parts = split(text.text);
             Row row{text.name, parts[0], {}};
+            if (row.kernel_less()) continue;
             for (std::size_t i = 3; i < parts.size(); ++i) row.operands.push_back(operand(parts[i]));
             if (row.shape == "ARRAY" || row.shape == "ARRAY_STRIDED_FLOAT" || row.shape == "ARRAY_NO_DRIVER")
                 row.operands.push_back(operand("(N, count)"));
@@ -70,6 +71,20 @@ const std::vector<Row> &rows() {
         return made;
     }();
     return all_rows;
+}
+
+std::vector<std::string> kernel_less_functions() {
+    std::vector<std::string> names;
+    for (const auto &text : texts) {
+        const Row row{text.name, split(text.text)[0], {}};
+        if (!row.kernel_less()) continue;
+        const std::vector<const char *> strided_pointers{"", "_P"}, layouts{"", "_P", "_L"},
+            pairs{"_SS", "_SP", "_SL", "_PS", "_PP", "_PL", "_LS", "_LP", "_LL"};
+        for (const char *type : {"_32f", "_64f"})
+            for (const char *suffix : row.shape == "COPY" ? pairs : row.array() ? layouts : strided_pointers)
+                names.push_back("smx" + row.name + type + suffix);
+    }
+    return names;
 }
 
 std::string Member::name() const {

@@ -30,7 +30,10 @@ struct Row {
     std::vector<Operand> operands;
     bool array() const { return shape.rfind("ARRAY", 0) == 0; }
     bool one_kernel() const { return shape.find("ONE_KERNEL") != std::string::npos; }
+    bool kernel_less() const { return shape == "COPY" || shape.find("NO_KERNEL") != std::string::npos; }
 };
+// Rows with kernels; of the others only the names of their functions.
+std::vector<std::string> kernel_less_functions();
 const std::vector<Row> &rows();
 
 enum class ArgumentType { pointer, integer, real };

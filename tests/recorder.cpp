@@ -44,6 +44,11 @@ __attribute__((visibility("default"))) void recorder_clear() {
 #define STUBS_ARRAY_STRIDED_FLOAT(row, type) STUBS_STRIDED_FLOAT_##type(row)
 #define STUBS_STRIDED_FLOAT_32f(row) STUB(ownsmx##row##_32f) STUB(ownsmx##row##_32f_S2) STUB(ownOMP_smx##row##_32f)
 #define STUBS_STRIDED_FLOAT_64f(row)
+#define STUBS_ARRAY_NO_DRIVER(row, type) \
+    STUBS_SINGLE(row, type) STUB(ownsmx##row##_##type##_L) STUB(ownsmx##row##_##type##_LS2)
+#define STUBS_SINGLE_NO_KERNEL(row, type)
+#define STUBS_ARRAY_NO_KERNEL(row, type)
+#define STUBS_COPY(row, type)
 
 SMX_CATALOGUE(STUBS)
 }

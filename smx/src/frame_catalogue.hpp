@@ -299,9 +299,88 @@
                     ROW(CrossProduct_vav) ROW(CrossProduct_vva) ROW(CrossProduct_vava) ROW(L2Norm_v) ROW(L2Norm_va) \
                         ROW(Trace_m) ROW(Trace_ma) ROW(FrobNorm_m) ROW(FrobNorm_ma) ROW(AffineTransform3DH_mva)
 
+// ---- vectors and constants: smxadd_*, smxsub_*, smxmul_* without a matrix
+
+#define SMX_VECTORS(a, b, d) (a, src1), (b, src2), (d, dst), (LEN, len)
+#define SMX_VECTOR_C(a, d) (a, src), (C, val), (d, dst), (LEN, len)
+#define SMX_VECTOR_CA(a, d) (a, src), (CA, vals), (d, dst), (LEN, len)
+#define SMX_VECTOR_ONE (orders::array, bounds::vector_one_array)
+#define SMX_VECTOR_CONSTANTS (orders::array, bounds::vector_constants)
+
+#define SMX_ROW_Add_vv SINGLE, (VectorArithmetic<Arithmetic::add>), (orders::single), SMX_VECTORS(V, V, VO)
+#define SMX_ROW_Add_vc SINGLE, (VectorArithmetic<Arithmetic::add>), (orders::single), SMX_VECTOR_C(V, VO)
+#define SMX_ROW_Add_vav \
+    ARRAY, (VectorArithmetic<Arithmetic::add>), (orders::count_after_strides, bounds::vector_one_array), SMX_VECTORS(VA, V, VAO)
+#define SMX_ROW_Add_vava \
+    ARRAY, (VectorArithmetic<Arithmetic::add>), (orders::array, bounds::vector_two_arrays), SMX_VECTORS(VA, VA, VAO)
+#define SMX_ROW_Add_vac ARRAY, (VectorArithmetic<Arithmetic::add>), SMX_VECTOR_ONE, SMX_VECTOR_C(VA, VAO)
+#define SMX_ROW_Add_vaca ARRAY, (VectorArithmetic<Arithmetic::add>), SMX_VECTOR_CONSTANTS, SMX_VECTOR_CA(VA, VAO)
+#define SMX_ROW_Add_vca \
+    ARRAY, (VectorArithmetic<Arithmetic::add>), (by_type(orders::array, orders::pointers_unshifted, bounds::vector_by_constants)), SMX_VECTOR_CA(V, VAO)
+#define SMX_ROW_Sub_vv SINGLE, (VectorArithmetic<Arithmetic::subtract>), (orders::single), SMX_VECTORS(V, V, VO)
+#define SMX_ROW_Sub_vc SINGLE, (VectorArithmetic<Arithmetic::subtract>), (orders::single), SMX_VECTOR_C(V, VO)
+#define SMX_ROW_Sub_cv SINGLE, (VectorArithmetic<Arithmetic::subtract_from>), (orders::single), SMX_VECTOR_C(V, VO)
+#define SMX_ROW_Sub_vav \
+    ARRAY, (VectorArithmetic<Arithmetic::subtract>), (orders::count_after_strides, bounds::vector_one_array), SMX_VECTORS(VA, V, VAO)
+// double has no path written out
+#define SMX_ROW_Sub_vva \
+    ARRAY, (VectorArithmetic<Arithmetic::subtract, Kept::float_only>), SMX_VECTOR_ONE, SMX_VECTORS(V, VA, VAO)
+#define SMX_ROW_Sub_vava \
+    ARRAY, (VectorArithmetic<Arithmetic::subtract>), (orders::array, bounds::vector_two_arrays), SMX_VECTORS(VA, VA, VAO)
+#define SMX_ROW_Sub_vac ARRAY, (VectorArithmetic<Arithmetic::subtract>), SMX_VECTOR_ONE, SMX_VECTOR_C(VA, VAO)
+#define SMX_ROW_Sub_cva \
+    ARRAY, (VectorArithmetic<Arithmetic::subtract_from>), (orders::array, bounds::constant_vectors), SMX_VECTOR_C(VA, VAO)
+#define SMX_ROW_Sub_vaca ARRAY, (VectorArithmetic<Arithmetic::subtract>), SMX_VECTOR_CONSTANTS, SMX_VECTOR_CA(VA, VAO)
+#define SMX_ROW_Sub_cava \
+    ARRAY, (VectorArithmetic<Arithmetic::subtract_from>), SMX_VECTOR_CONSTANTS, SMX_VECTOR_CA(VA, VAO)
+#define SMX_ROW_Sub_vca \
+    ARRAY, (VectorArithmetic<Arithmetic::subtract>), (orders::array, bounds::vector_by_constants), SMX_VECTOR_CA(V, VAO)
+#define SMX_ROW_Sub_cav \
+    ARRAY, (VectorArithmetic<Arithmetic::subtract_from>), (by_type(orders::pointers_unshifted, orders::array, bounds::vector_by_constants)), SMX_VECTOR_CA(V, VAO)
+#define SMX_ROW_Mul_vc SINGLE, (VectorArithmetic<Arithmetic::multiply>), (orders::single), SMX_VECTOR_C(V, VO)
+#define SMX_ROW_Mul_vac \
+    ARRAY, (VectorArithmetic<Arithmetic::multiply>), (orders::array, bounds::mul_vac), SMX_VECTOR_C(VA, VAO)
+#define SMX_ROW_Mul_vaca \
+    ARRAY, (VectorArithmetic<Arithmetic::multiply>), (orders::array, bounds::mul_vaca), SMX_VECTOR_CA(VA, VAO)
+#define SMX_ROW_Mul_vca \
+    ARRAY, (VectorArithmetic<Arithmetic::multiply>), (orders::array, bounds::mul_vca), SMX_VECTOR_CA(V, VAO)
+
+#define SMX_CATALOGUE_VECTOR_ARITHMETIC(ROW) \
+    ROW(Add_vv) ROW(Add_vc) ROW(Add_vav) ROW(Add_vava) ROW(Add_vac) ROW(Add_vaca) ROW(Add_vca) ROW(Sub_vv) \
+    ROW(Sub_vc) ROW(Sub_cv) ROW(Sub_vav) ROW(Sub_vva) ROW(Sub_vava) ROW(Sub_vac) ROW(Sub_cva) ROW(Sub_vaca) \
+    ROW(Sub_cava) ROW(Sub_vca) ROW(Sub_cav) ROW(Mul_vc) ROW(Mul_vac) ROW(Mul_vaca) ROW(Mul_vca)
+
+// ---- moves: smxcopy_*, smxextract_*, smxloadidentity_ma (no kernels, no drivers), smxtranspose_* (no drivers)
+
+#define SMX_EXTRACT_ONE(a) (a, src), (RD, dst), (W, width), (H, height)
+#define SMX_EXTRACT_ALL(a) (a, src), (RDA, dst), (W, width), (H, height), (N, count)
+#define SMX_TRANSPOSE(a, d) (a, src), (W, width), (H, height), (d, dst)
+
+// nine members each, by the layouts of the source and the destination
+#define SMX_ROW_Copy_va \
+    COPY, (Copy), (by_type(orders::copy_shifts_first, orders::copy)), (VA, src), (VAO, dst), (LEN, len), (N, count)
+#define SMX_ROW_Copy_ma COPY, (Copy), (orders::copy), (MA, src), (MAO, dst), (W, width), (H, height), (N, count)
+#define SMX_ROW_Extract_v \
+    SINGLE_NO_KERNEL, (Extract), (by_type(orders::single, orders::extract_size_first)), (V, src), (RD, dst), (LEN, len)
+#define SMX_ROW_Extract_m SINGLE_NO_KERNEL, (Extract), (orders::extract_size_first), SMX_EXTRACT_ONE(M)
+#define SMX_ROW_Extract_t SINGLE_NO_KERNEL, (Extract), (orders::extract_size_first), SMX_EXTRACT_ONE(T)
+#define SMX_ROW_Extract_va \
+    ARRAY_NO_KERNEL, (Extract), (orders::extract), (VA, src), (RDA, dst), (LEN, len), (N, count)
+#define SMX_ROW_Extract_ma ARRAY_NO_KERNEL, (Extract), (orders::extract), SMX_EXTRACT_ALL(MA)
+#define SMX_ROW_Extract_ta ARRAY_NO_KERNEL, (Extract), (orders::extract), SMX_EXTRACT_ALL(TA)
+#define SMX_ROW_LoadIdentity_ma                                                                                 \
+    ARRAY_NO_KERNEL, (LoadIdentity), (by_type(orders::identity_shift_first, orders::identity)), (MAO, dst), \
+        (W, width), (H, height), (N, count)
+#define SMX_ROW_Transpose_m SINGLE, (Transpose), (orders::single), SMX_TRANSPOSE(M, MO)
+#define SMX_ROW_Transpose_ma ARRAY_NO_DRIVER, (Transpose), (orders::array), SMX_TRANSPOSE(MA, MAO)
+
+#define SMX_CATALOGUE_MOVES(ROW) \
+    ROW(Copy_va) ROW(Copy_ma) ROW(Extract_v) ROW(Extract_m) ROW(Extract_t) ROW(Extract_va) ROW(Extract_ma) \
+    ROW(Extract_ta) ROW(LoadIdentity_ma) ROW(Transpose_m) ROW(Transpose_ma)
+
 // ---- the whole
 
 #define SMX_CATALOGUE(ROW) SMX_CATALOGUE_SUMS(ROW) SMX_CATALOGUE_PRODUCTS(ROW) SMX_CATALOGUE_LU(ROW) \
     SMX_CATALOGUE_CHOLESKY(ROW) SMX_CATALOGUE_QR(ROW) SMX_CATALOGUE_DET_INVERT(ROW) \
     SMX_CATALOGUE_VECTORS(ROW) \
-    SMX_CATALOGUE_EIGEN(ROW)
+    SMX_CATALOGUE_EIGEN(ROW) SMX_CATALOGUE_VECTOR_ARITHMETIC(ROW) SMX_CATALOGUE_MOVES(ROW)

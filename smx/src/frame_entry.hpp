@@ -33,9 +33,7 @@ constexpr SmxStatus failed(Check check, const Operands &...o) {
                                                                                          : smxStsNoErr;
     case Check::source_shifts: return ((o.is_source && o.shift_bad()) || ...) ? smxStsRoiShiftMatrixErr : smxStsNoErr;
     case Check::result_shifts: return ((!o.is_source && o.shift_bad()) || ...) ? smxStsRoiShiftMatrixErr : smxStsNoErr;
-    case Check::source_rows: return ((o.is_source && o.row_strides_bad()) || ...) ? smxStsStrideMatrixErr : smxStsNoErr;
-    case Check::result_rows:
-        return ((!o.is_source && o.row_strides_bad()) || ...) ? smxStsStrideMatrixErr : smxStsNoErr;
+    case Check::rows: return (o.row_strides_bad() || ...) ? smxStsStrideMatrixErr : smxStsNoErr;
     case Check::object_strides: {
         Sizes sizes;
         (o.put(sizes), ...);
@@ -45,8 +43,9 @@ constexpr SmxStatus failed(Check check, const Operands &...o) {
     return smxStsNoErr;
 }
 
-template <Layout layout>
-constexpr Check step(const Order &order, int i) {
+template <class T, const Rules &rules, Layout layout>
+constexpr Check step(int i) {
+    const Order &order = sizeof(T) == 8 && rules.order_of_double != nullptr ? *rules.order_of_double : rules.order;
     return layout == Layout::strided    ? order.strided[i]
            : layout == Layout::pointers ? order.pointers[i]
                                         : order.list[i];
@@ -55,8 +54,8 @@ constexpr Check step(const Order &order, int i) {
 // The first failing group's status, or 0.
 template <class T, const Rules &rules, Layout layout, int i = 0, class... Operands>
 [[gnu::always_inline]] inline SmxStatus first_failure(const Operands &...o) {
-    if constexpr (i < 8 && step<layout>(rules.order, i < 8 ? i : 0) != Check::done) {
-        if (const SmxStatus status = failed<T, rules>(step<layout>(rules.order, i), o...); status != smxStsNoErr)
+    if constexpr (i < 8 && step<T, rules, layout>(i < 8 ? i : 0) != Check::done) {
+        if (const SmxStatus status = failed<T, rules>(step<T, rules, layout>(i), o...); status != smxStsNoErr)
             return status;
         return first_failure<T, rules, layout, i + 1>(o...);
     } else {

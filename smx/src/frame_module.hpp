@@ -280,6 +280,51 @@ inline bool replaced(Function *called, Function *ours) {
             SMX_CALL(ownsmx##name##_##type##_LS2, L, T, __VA_ARGS__), SMX_LIST(OPERAND, L, T, __VA_ARGS__)); \
     }
 
+// An array row without drivers: every call runs on the calling thread.
+#define SMX_STAMP_ARRAY_NO_DRIVER(name, T, type, family, ...)                \
+    SMX_STAMP_ARRAY_KERNELS(name, T, type, family, __VA_ARGS__, (N, count))  \
+    SMX_STAMP_LIST_KERNELS(name, T, type, family, __VA_ARGS__, (N, count))   \
+    SMX_STAMP_SINGLE_INTERFACE(name, T, type, __VA_ARGS__, (N, count))       \
+    SMX_STAMP_LIST_ALONE(name, T, type, __VA_ARGS__, (N, count))
+#define SMX_STAMP_LIST_ALONE(name, T, type, ...)                                                           \
+    SMX_FUNCTION(smx##name##_##type##_L, L, T, __VA_ARGS__) {                                              \
+        return smx::enter<T, smx::rules_##name, smx::Layout::list>(                                        \
+            [] { return smxStsNoErr; }, SMX_CALL(ownsmx##name##_##type##_L, LA, T, __VA_ARGS__),           \
+            SMX_CALL(ownsmx##name##_##type##_LS2, L, T, __VA_ARGS__), SMX_LIST(OPERAND, L, T, __VA_ARGS__)); \
+    }
+
+// Rows without kernels: the work stands in the interface functions. An array row places its count itself.
+#define SMX_STAMP_SINGLE_NO_KERNEL(name, T, type, family, ...)                           \
+    SMX_ALONE(smx##name##_##type, name, S2, S, S, strided, T, family, , __VA_ARGS__)     \
+    SMX_ALONE(smx##name##_##type##_P, name, P, P, P, pointers, T, family, , __VA_ARGS__)
+#define SMX_STAMP_ARRAY_NO_KERNEL(name, T, type, family, ...)                \
+    SMX_STAMP_SINGLE_NO_KERNEL(name, T, type, family, __VA_ARGS__)           \
+    SMX_ALONE(smx##name##_##type##_L, name, LS2, L, L, list, T, family, , __VA_ARGS__)
+// A source and a destination, each in its own layout; the order of the checks goes by the destination's.
+#define SMX_STAMP_COPY(name, T, type, family, source, ...)                                    \
+    SMX_ALONE(smx##name##_##type##_SS, name, S2, S, S, strided, T, family, source, __VA_ARGS__)  \
+    SMX_ALONE(smx##name##_##type##_SP, name, S2, S, P, pointers, T, family, source, __VA_ARGS__) \
+    SMX_ALONE(smx##name##_##type##_SL, name, S2, S, L, list, T, family, source, __VA_ARGS__)     \
+    SMX_ALONE(smx##name##_##type##_PS, name, P, P, S, strided, T, family, source, __VA_ARGS__)   \
+    SMX_ALONE(smx##name##_##type##_PP, name, P, P, P, pointers, T, family, source, __VA_ARGS__)  \
+    SMX_ALONE(smx##name##_##type##_PL, name, P, P, L, list, T, family, source, __VA_ARGS__)      \
+    SMX_ALONE(smx##name##_##type##_LS, name, LS2, L, S, strided, T, family, source, __VA_ARGS__) \
+    SMX_ALONE(smx##name##_##type##_LP, name, LS2, L, P, pointers, T, family, source, __VA_ARGS__) \
+    SMX_ALONE(smx##name##_##type##_LL, name, LS2, L, L, list, T, family, source, __VA_ARGS__)
+// An interface function that does the work. A row's first operand may have a layout of its own.
+#define SMX_ALONE(function, name, tier, first_layout, layout, layout_name, T, family, first, ...)                  \
+    extern "C" SMX_API SmxStatus function(SMX_LIST_BEHIND(PARAM, first_layout, layout, T, first, __VA_ARGS__)) {   \
+        using namespace smx;                                                                                       \
+        if (const SmxStatus status = first_failure<T, rules_##name, smx::Layout::layout_name>(                     \
+                SMX_LIST_BEHIND(OPERAND, first_layout, layout, T, first, __VA_ARGS__));                            \
+            status != smxStsNoErr)                                                                                 \
+            return status;                                                                                         \
+        return SMX_BARE family::run(tier{}, SMX_LIST_BEHIND(OPERAND, first_layout, layout, T, first, __VA_ARGS__)); \
+    }
+#define SMX_LIST_BEHIND(group, first_layout, layout, T, first, ...) \
+    SMX_BEHIND(SMX_LIST(group, first_layout, T, first)) SMX_LIST(group, layout, T, __VA_ARGS__)
+#define SMX_BEHIND(...) __VA_ARGS__ __VA_OPT__(, )
+
 // A row with one element type and one layout: float, strided.
 #define SMX_STAMP_ARRAY_STRIDED_FLOAT(name, T, type, family, ...) \
     SMX_STRIDED_FLOAT_##type(name, T, type, family, __VA_ARGS__, (N, count))

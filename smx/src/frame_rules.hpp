@@ -21,8 +21,7 @@ enum class Check {
     source_shifts,
     result_strides,
     result_shifts,
-    source_rows, // stride1 and stride2 alone, for the sources or the destinations
-    result_rows,
+    rows,           // stride1 and stride2 alone
     object_strides, // stride0 alone, and only if count is above 1
 };
 
@@ -61,6 +60,29 @@ inline constexpr Order eigenvectors{{null, size, count, source_strides, result_s
 // CholeskyBackSubst mva: only the list members differ from the others.
 inline constexpr Order cholesky_mva{
     {null, count, size, strides}, {null, count, size, strides, shifts}, {null, strides, shifts, size, count}};
+// Add vca for double and Sub cav for float: the pointer members test no shift.
+inline constexpr Order pointers_unshifted{
+    {null, count, size, strides}, {null, count, size, strides}, {null, count, size, strides, shifts}};
+// Copy, by the layout of the destination: an object stride matters only where there is a second object.
+inline constexpr Order copy{{null, size, count, rows, shifts, object_strides},
+                            {null, size, count, rows, shifts, object_strides},
+                            {null, size, count, rows, shifts, object_strides}};
+// Copy va for float into pointers: shifts before strides.
+inline constexpr Order copy_shifts_first{
+    {null, size, count, rows, shifts, object_strides},
+    {null, size, count, shifts, rows, object_strides},
+    {null, size, count, rows, shifts, object_strides}};
+inline constexpr Order extract{
+    {null, size, count, strides}, {null, size, count, shifts, strides}, {null, size, count, shifts, strides}};
+// Extract of one object: the pointer members test their size ahead of all, but for v in float, which is `single`.
+inline constexpr Order extract_size_first{{null, size, strides}, {size, null, shifts}, {}};
+// LoadIdentity: where the count stands in the pointer members differs between float and double.
+inline constexpr Order identity{{null, size, count, rows, object_strides},
+                                {null, size, count, shifts, object_strides},
+                                {null, size, count, rows, shifts}};
+inline constexpr Order identity_shift_first{{null, size, count, rows, object_strides},
+                                            {null, size, shifts, count, object_strides},
+                                            {null, size, count, rows, shifts}};
 } // namespace orders
 
 // ---- work and bounds
@@ -180,7 +202,13 @@ struct Rules {
     Bounds bounds = bounds::none;
     MatchOf match = nullptr;
     AtOnce at_once = AtOnce::nothing;
+    const Order *order_of_double = nullptr; // where it differs
 };
+
+// The rules of a row whose members for float and double check in different orders.
+constexpr Rules by_type(const Order &of_float, const Order &of_double, const Bounds &bounds = bounds::none) {
+    return {of_float, bounds, nullptr, AtOnce::nothing, &of_double};
+}
 
 } // namespace SMX_ISA
 } // namespace smx

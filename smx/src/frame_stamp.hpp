@@ -47,12 +47,14 @@
 #define SMX_KIND_VO(group, layout, T, n, p) SMX_##group##_##layout##_VECTOR(T, n, p)
 #define SMX_KIND_VAO(group, layout, T, n, p) SMX_##group##_##layout##_VECTORS(T, n, p)
 // Kinds that look the same in every layout: a constant by value (C), results packed without a stride, one (R, RA) or
-// widthHeight (RS, RSA) a object, pivot indexes as result or source, scratch, sizes by role, and the count.
+// widthHeight (RS, RSA) a object, or whole objects (RD, RDA), pivot indexes as result or source, scratch, sizes by role, and the count.
 #define SMX_KIND_C(group, layout, T, n, p) SMX_##group##_VALUE(T, n)
 #define SMX_KIND_R(group, layout, T, n, p) SMX_##group##_PACKED(T, n, 0)
 #define SMX_KIND_RA(group, layout, T, n, p) SMX_##group##_PACKED(T, n, 1)
 #define SMX_KIND_RS(group, layout, T, n, p) SMX_##group##_PACKED(T, n, 0)
 #define SMX_KIND_RSA(group, layout, T, n, p) SMX_##group##_PACKED(T, n, widthHeight)
+#define SMX_KIND_RD(group, layout, T, n, p) SMX_##group##_PACKED(T, n, 0)
+#define SMX_KIND_RDA(group, layout, T, n, p) SMX_##group##_PACKED(T, n, 0)
 #define SMX_KIND_PIV(group, layout, T, n, p) SMX_##group##_PACKED(const int, n, 0)
 #define SMX_KIND_PIVA(group, layout, T, n, p) SMX_##group##_PACKED(const int, n, widthHeight)
 #define SMX_KIND_PIVO(group, layout, T, n, p) SMX_##group##_PACKED(int, n, 0)

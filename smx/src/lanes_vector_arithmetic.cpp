@@ -1,0 +1,178 @@
+#include "lanes_vector_arithmetic.hpp"
+
+#include <utility>
+
+#include "frame_lane_access.hpp"
+
+namespace smx {
+inline namespace SMX_ISA {
+
+namespace {
+
+enum class Second { value, constants, vectors };
+
+bool adjacent(const LaneOperand &o) {
+    return o.addressing != Addressing::pointers && (o.stride2 == o.element || o.columns == 1);
+}
+bool packed(const LaneOperand &o) {
+    return o.addressing == Addressing::strided && !o.single && o.stride2 == o.element &&
+           o.stride0 == o.columns * o.stride2;
+}
+
+// `bytes` of adjacent elements.
+template <Arithmetic operation, class T, bool vectors>
+[[gnu::always_inline]] inline void run(const Byte *a, const Byte *b, T constant, const Byte *out, std::ptrdiff_t bytes) {
+    const Pack<T> constants(constant);
+    std::ptrdiff_t e = 0;
+    for (; e + pack_bytes <= bytes; e += pack_bytes)
+        store_pack(const_cast<Byte *>(out + e),
+                   apply<operation>(load_pack<T>(a + e), vectors ? load_pack<T>(b + e) : constants));
+    for (; e < bytes; e += static_cast<std::ptrdiff_t>(sizeof(T)))
+        store_element(out + e, apply<operation>(load_element<T>(a + e), vectors ? load_element<T>(b + e) : constant));
+}
+
+// Element l of pack k of a group of packed objects of N elements belongs to object (k W + l) / N: the objects' numbers,
+// one a lane of `from`, spread over that pack.
+template <int N, int k, class T>
+[[gnu::always_inline]] inline Pack<T> spread(Pack<T> from) {
+    constexpr int W = Pack<T>::width;
+    return [&]<int... l>(std::integer_sequence<int, l...>) {
+        return Pack<T>(__builtin_shufflevector(from.v, from.v, (k * W + l) / N...));
+    }(std::make_integer_sequence<int, W>{});
+}
+
+// Groups of packed objects, W times N adjacent elements, beside single vectors and constants.
+template <Arithmetic operation, class T, int N, Second second>
+int packed_groups(const LanePlan &plan, T constant, int first) {
+    constexpr int W = Pack<T>::width;
+    const LaneOperand &a = plan.source[0].operand, &d = plan.result[0];
+    const LaneOperand &b = plan.source[second == Second::value ? 0 : 1].operand;
+    // A single vector, repeated over N packs.
+    const auto repeated = [](const LaneOperand &o, Pack<T> (&out)[N]) {
+        T values[N * W];
+        const LaneAccess<T, 1, N> access(o);
+        for (int e = 0; e < N * W; ++e) values[e] = load_element<T>(access.address(0, 0, e % N));
+        for (int k = 0; k < N; ++k) out[k] = load_pack<T>(values + k * W);
+    };
+    Pack<T> x[N], y[N];
+    if (a.single) repeated(a, x);
+    if (second == Second::vectors && b.single) repeated(b, y);
+    if (second == Second::value)
+        for (int k = 0; k < N; ++k) y[k] = Pack<T>(constant);
+    const LaneAccess<T, 1, 1> numbers(b);
+    return each_group<T>(plan, first, [&](int n) {
+        const auto load = [&](const LaneOperand &o, Pack<T> (&out)[N]) {
+            const Byte *const from = at(o.base, n * o.stride0);
+#pragma GCC unroll 6
+            for (int k = 0; k < N; ++k) out[k] = load_pack<T>(from + k * pack_bytes);
+        };
+        if (!a.single) load(a, x);
+        if (second == Second::vectors && !b.single) load(b, y);
+        if constexpr (second == Second::constants) {
+            Pack<T> number;
+            numbers.load(n, &number);
+            [&]<int... k>(std::integer_sequence<int, k...>) {
+                ((y[k] = spread<N, k>(number)), ...);
+            }(std::make_integer_sequence<int, N>{});
+        }
+        const Byte *const to = at(d.base, n * d.stride0);
+#pragma GCC unroll 6
+        for (int k = 0; k < N; ++k) store_pack(const_cast<Byte *>(to + k * pack_bytes), apply<operation>(x[k], y[k]));
+        return true;
+    });
+}
+
+template <Arithmetic operation, class T, int N, Second second>
+int groups(const LanePlan &plan, T constant, int first) {
+    using Access = LaneAccess<T, 1, N>;
+    const LaneOperand &second_operand = plan.source[second == Second::value ? 0 : 1].operand;
+    const Access a(plan.source[0].operand), b(second_operand), d(plan.result[0]);
+    const LaneAccess<T, 1, 1> numbers(second_operand);
+    // One element at a time is better done in the sequential kernel.
+    const auto slow = [](const Access &x) { return !x.o.single && x.way == Access::Way::elements; };
+    if (slow(d) || slow(a) || (second == Second::vectors && slow(b))) return first;
+    return each_group<T>(plan, first, [&](int n) {
+        Pack<T> x[N], y[N];
+        a.load(n, x);
+        if constexpr (second == Second::vectors) {
+            b.load(n, y);
+        } else {
+            Pack<T> number(constant);
+            if constexpr (second == Second::constants) numbers.load(n, &number);
+            for (int j = 0; j < N; ++j) y[j] = number;
+        }
+        for (int j = 0; j < N; ++j) x[j] = apply<operation>(x[j], y[j]);
+        d.store(n, x);
+        return true;
+    });
+}
+
+// Long vectors: objects in turn, each in runs of adjacent elements.
+template <Arithmetic operation, class T, Second second>
+int long_objects(const LanePlan &plan, T constant, int first) {
+    const LaneOperand &a = plan.source[0].operand, &d = plan.result[0];
+    const LaneOperand &b = plan.source[second == Second::value ? 0 : 1].operand;
+    if (plan.verdict != Verdict::always || d.columns < Pack<T>::width) return first;
+    if (!adjacent(a) || !adjacent(d) || (second == Second::vectors && !adjacent(b))) return first;
+    const auto start = [](const LaneOperand &o, int n) {
+        return o.addressing == Addressing::list ? at(o.table[n], o.shift) : at(o.base, o.single ? 0 : n * o.stride0);
+    };
+    for (int n = first; n < plan.count; ++n) {
+        const Byte *const y = start(b, n);
+        if constexpr (second == Second::constants) constant = load_element<T>(y);
+        run<operation, T, second == Second::vectors>(start(a, n), y, constant, start(d, n), d.columns * d.stride2);
+    }
+    return plan.count;
+}
+
+template <Arithmetic operation, class T, Second second>
+int compute(const LanePlan &plan, double value, int first) {
+    const LaneOperand &a = plan.source[0].operand, &d = plan.result[0];
+    const LaneOperand &b = plan.source[second == Second::value ? 0 : 1].operand;
+    const T constant = static_cast<T>(value);
+    if ((second != Second::constants || d.columns == 1) && packed(a) && packed(b) && packed(d)) {
+        const std::ptrdiff_t done = first * d.stride0;
+        run<operation, T, second != Second::value>(at(a.base, done), at(b.base, done), constant, at(d.base, done),
+                                                     (plan.count - first) * d.stride0);
+        return plan.count;
+    }
+    int done = first;
+    if (!with_side(d.columns, [&]<int N>(Side<N>) {
+            const bool in_runs = packed(d) && (packed(a) || a.single) &&
+                                 (second != Second::vectors || packed(b) || b.single);
+            done = in_runs ? packed_groups<operation, T, N, second>(plan, constant, first)
+                           : groups<operation, T, N, second>(plan, constant, first);
+        }))
+        done = long_objects<operation, T, second>(plan, constant, first);
+    return done;
+}
+
+template <Arithmetic operation>
+int by_form(const LanePlan &plan, double constant, int first) {
+    const auto with = [&](auto zero) {
+        using T = decltype(zero);
+        if (plan.sources == 1) return compute<operation, T, Second::value>(plan, constant, first);
+        // One constant an object, unless it is a vector of one element, which is the same.
+        if (plan.source[1].operand.columns == 1 && !plan.source[1].operand.single)
+            return compute<operation, T, Second::constants>(plan, constant, first);
+        if constexpr (operation == Arithmetic::add || operation == Arithmetic::subtract)
+            return compute<operation, T, Second::vectors>(plan, constant, first);
+        else return first;
+    };
+    return plan.result[0].element == sizeof(float) ? with(float{}) : with(double{});
+}
+
+} // namespace
+
+int vector_arithmetic_lanes(const LanePlan &plan, Arithmetic operation, double constant, int first) {
+    switch (operation) {
+    case Arithmetic::add: return by_form<Arithmetic::add>(plan, constant, first);
+    case Arithmetic::subtract: return by_form<Arithmetic::subtract>(plan, constant, first);
+    case Arithmetic::subtract_from: return by_form<Arithmetic::subtract_from>(plan, constant, first);
+    case Arithmetic::multiply: return by_form<Arithmetic::multiply>(plan, constant, first);
+    }
+    return first;
+}
+
+} // namespace SMX_ISA
+} // namespace smx

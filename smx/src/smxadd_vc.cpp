@@ -1,0 +1,3 @@
+#include "family_vector_arithmetic.hpp"
+
+SMX_MODULE(Add_vc)

@@ -1,0 +1,3 @@
+#include "family_copy.hpp"
+
+SMX_MODULE(Extract_va)

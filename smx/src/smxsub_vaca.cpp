@@ -1,0 +1,3 @@
+#include "family_vector_arithmetic.hpp"
+
+SMX_MODULE(Sub_vaca)

@@ -1,0 +1,3 @@
+#include "family_transpose.hpp"
+
+SMX_MODULE(Transpose_m)
