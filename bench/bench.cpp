@@ -182,12 +182,11 @@ void add(const std::string &operation, const std::string &side, const std::strin
          const Extent &extent, const Make &make) {
     const bool ends = side == "3" || side == "6";
     const auto put = [&](const char *size, long count, int threads) {
-        const std::string name = operation + "/" + side + "/" + type + "/" +
-                                 layout_names[static_cast<int>(layout)] + "/" + size + "/" + std::to_string(threads);
-        benchmark::RegisterBenchmark(name.c_str(),
-                                     [=](benchmark::State &state) {
-                                         measure(state, make, count, threads, count == 0, type == "float");
-                                     })
+        const std::string name = operation + "/" + side + "/" + type + "/" + layout_names[static_cast<int>(layout)] +
+                                 "/" + size + "/" + std::to_string(threads);
+        benchmark::RegisterBenchmark(
+            name.c_str(),
+            [=](benchmark::State &state) { measure(state, make, count, threads, count == 0, type == "float"); })
             ->Iterations(1)
             ->UseManualTime();
     };

@@ -45,7 +45,7 @@ using Matrix = Eigen::Matrix<T, R, C, C == 1 ? Eigen::ColMajor : Eigen::RowMajor
 
 // One memory for all rows, touched once, handed out anew to each row.
 class Pool {
-  public:
+public:
     Pool();
     void reset() { used_ = 0; }
     template <class T>
@@ -57,7 +57,7 @@ class Pool {
         return piece;
     }
 
-  private:
+private:
     static constexpr std::size_t size = std::size_t{3} << 30;
     char *base_;
     std::size_t used_ = 0;
@@ -169,7 +169,7 @@ int run(const Contender &contender, long count, int threads);
 
 template <class T_, Layout L>
 class Case : public Row {
-  public:
+public:
     using T = T_;
     static constexpr Layout layout = L;
     // peers that take a pointer to a contiguous object
@@ -197,8 +197,8 @@ class Case : public Row {
     template <int R, int C>
     [[gnu::noinline]] Single<T, L, R, C> single(Shape<R, C>) {
         Single<T, L, R, C> one{pool.take<T>(R * C), pool.take<T *>(R * C)};
-        one() = Eigen::Map<const Matrix<double, R, C>>(patterns(R, C, Fill::general, 1, ++seed_).data())
-                    .template cast<T>();
+        one() =
+            Eigen::Map<const Matrix<double, R, C>>(patterns(R, C, Fill::general, 1, ++seed_).data()).template cast<T>();
         for (int k = 0; k < R * C; ++k) one.table[k] = one.base + k;
         return one;
     }
@@ -249,9 +249,7 @@ class Case : public Row {
     template <int R, int C>
     void compare(const Addressed<T, R, C> &objects) {
         if constexpr (contiguous) {
-            value = [objects](long n) {
-                return std::vector<double>(objects.data(n), objects.data(n) + R * C);
-            };
+            value = [objects](long n) { return std::vector<double>(objects.data(n), objects.data(n) + R * C); };
         }
     }
     template <Layout In, int R, int C>
@@ -271,7 +269,7 @@ class Case : public Row {
 
     static constexpr const char *type = std::is_same_v<T, float> ? "_32f" : "_64f";
 
-  private:
+private:
     template <Layout In, int R, int C>
     [[gnu::noinline]] Objects<T, In, R, C> place(Shape<R, C>) {
         using All = Objects<T, In, R, C>;

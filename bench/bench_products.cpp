@@ -35,9 +35,7 @@ void add_products() {
             c.peer("libxsmm", [=](long n) { multiply(b.data(n), a.data(n), d.data(n)); });
             if constexpr (N <= 4) {
                 using G = GlmMatrix<T, N>;
-                c.peer("GLM", [=](long n) {
-                    glm_at<G>(d.data(n)) = glm_at<G>(b.data(n)) * glm_at<G>(a.data(n));
-                });
+                c.peer("GLM", [=](long n) { glm_at<G>(d.data(n)) = glm_at<G>(b.data(n)) * glm_at<G>(a.data(n)); });
             }
             if constexpr (N == 4 && std::is_same_v<T, float>) {
                 c.peer("cglm", [=](long n) {

@@ -9,9 +9,9 @@ namespace bench {
 namespace {
 
 template <class C, int N>
-inline constexpr bool for_glm = C::contiguous && N <= 4;
+inline constexpr bool for_glm = C::contiguous &&N <= 4;
 template <class C, int N>
-inline constexpr bool for_cglm = for_glm<C, N> && std::is_same_v<typename C::T, float>;
+inline constexpr bool for_cglm = for_glm<C, N> &&std::is_same_v<typename C::T, float>;
 
 } // namespace
 
@@ -37,12 +37,10 @@ void add_vectors() {
         c.peer("Eigen", [=](long n) { d[n] = a[n].cross(b[n]); });
         if constexpr (for_glm<C, 3>) {
             using G = GlmVector<typename C::T, 3>;
-            c.peer("GLM", [=](long n) {
-                glm_at<G>(d.data(n)) = glm::cross(glm_at<G>(a.data(n)), glm_at<G>(b.data(n)));
-            });
+            c.peer("GLM",
+                   [=](long n) { glm_at<G>(d.data(n)) = glm::cross(glm_at<G>(a.data(n)), glm_at<G>(b.data(n))); });
         }
-        if constexpr (for_cglm<C, 3>)
-            c.peer("cglm", [=](long n) { glm_vec3_cross(a.data(n), b.data(n), d.data(n)); });
+        if constexpr (for_cglm<C, 3>) c.peer("cglm", [=](long n) { glm_vec3_cross(a.data(n), b.data(n), d.data(n)); });
         c.compare(d);
     });
     rows<3, 4, 5, 6>("L2 norm", []<int N>(auto &c, Shape<N>) {

@@ -11,11 +11,11 @@
 namespace bench {
 
 // LAPACK through LAPACKE, column-major, without its test for not-a-numbers: lapack_getrf<T>(LAPACK_COL_MAJOR, ...).
-#define SMX_LAPACK(name)                                                                      \
-    template <class T, class... Arguments>                                                    \
-    int lapack_##name(Arguments... arguments) {                                               \
-        if constexpr (std::is_same_v<T, float>) return LAPACKE_s##name##_work(arguments...);  \
-        else return LAPACKE_d##name##_work(arguments...);                                     \
+#define SMX_LAPACK(name)                                                                     \
+    template <class T, class... Arguments>                                                   \
+    int lapack_##name(Arguments... arguments) {                                              \
+        if constexpr (std::is_same_v<T, float>) return LAPACKE_s##name##_work(arguments...); \
+        else return LAPACKE_d##name##_work(arguments...);                                    \
     }
 SMX_LAPACK(getrf)
 SMX_LAPACK(getrs)

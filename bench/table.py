@@ -240,7 +240,8 @@ def main():
     if options.publish:
         page = options.publish / "performance.md"
         before, rest = page.read_text().split(MARKERS[0])
-        page.write_text(f"{before}{MARKERS[0]}\n\n{text}\n{MARKERS[1]}{rest.split(MARKERS[1])[1]}")
+        picture = "![Ratios to the best peer](performance.svg)"
+        page.write_text(f"{before}{MARKERS[0]}\n\n{picture}\n\n{text}\n{MARKERS[1]}{rest.split(MARKERS[1])[1]}")
         draw(rows, options.publish / "performance.svg")
 
 
