@@ -54,7 +54,7 @@ int packed_groups(const LanePlan &plan, T constant, int first) {
         for (int e = 0; e < N * W; ++e) values[e] = load_element<T>(access.address(0, 0, e % N));
         for (int k = 0; k < N; ++k) out[k] = load_pack<T>(values + k * W);
     };
-    Pack<T> x[N], y[N];
+    Pack<T> x[N] = {}, y[N] = {}; // zeroed for GCC 12, which loses track of which elements are read
     if (a.single) repeated(a, x);
     if (second == Second::vectors && b.single) repeated(b, y);
     if (second == Second::value)
@@ -92,7 +92,7 @@ int groups(const LanePlan &plan, T constant, int first) {
     const auto slow = [](const Access &x) { return !x.o.single && x.way == Access::Way::elements; };
     if (slow(d) || slow(a) || (second == Second::vectors && slow(b))) return first;
     return each_group<T>(plan, first, [&](int n) {
-        Pack<T> x[N], y[N];
+        Pack<T> x[N] = {}, y[N] = {};
         a.load(n, x);
         if constexpr (second == Second::vectors) {
             b.load(n, y);
