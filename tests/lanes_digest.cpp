@@ -58,8 +58,9 @@ bool may_take_any_values(const Member &member, int side) {
 
 void plain(const Member &member) {
     for (const int side : {1, 2, 3, 4, 5, 6, 7})
-        for (const int count : {3, 37})
-            for (const Variation &v : variations) {
+        for (const Variation &v : variations)
+            for (const int count : {3, 37}) {
+                if (count == 3 && v.step == 1 && v.row_gap == 0) continue;
                 Shape shape = shaped(side, count, v);
                 Call call(member, shape);
                 report(member, shape, v.name, call);
@@ -69,7 +70,7 @@ void plain(const Member &member) {
 void values(const Member &member) {
     using Values = Shape::Values;
     for (const int side : {3, 4, 5, 6})
-        for (const int count : {1, 2, 5, 18, 35, 53})
+        for (const int count : {2, 18, 53})
             for (const Values kind : {Values::random, Values::integers, Values::special, Values::singular_middle}) {
                 if (kind != Values::random && !may_take_any_values(member, side)) continue;
                 Shape shape = shaped(side, count, variations[(side + count + static_cast<int>(kind)) % 6]);
@@ -90,9 +91,11 @@ void overlaps(const Member &member) {
     if (result == nullptr) return;
     for (const Operand &o : member.row->operands) {
         if (!o.source || (o.structure != Structure::matrix && o.structure != Structure::vector)) continue;
-        for (const int side : {3, 4, 6})
+        // An array of results on a single matrix would run over the pivot indexes behind it, which nobody checks.
+        if (!o.array && member.row->name.rfind("LUBackSubst", 0) == 0) continue;
+        for (const int side : {3, 6})
             for (const Variation &v : variations) {
-                if (v.shuffled) continue;
+                if (v.shuffled || v.object_gap == 16) continue;
                 Shape shape = shaped(side, 37, v);
                 const int E = member.element;
                 const int object = side * side * E;

@@ -11,7 +11,9 @@ using factor::all_forms;
 using factor::Form;
 using factor::Objects;
 
-inline bool is_list(Form form) { return form == Form::list || form == Form::list_strided; }
+inline bool is_list(Form form) {
+    return form == Form::list || form == Form::list_strided;
+}
 
 // A member of a row for a type and form; a single form has no list member.
 template <class T>
@@ -40,7 +42,8 @@ struct Call {
         integers[name + "Stride2"] = o.stride2;
     }
     int run() const {
-        return members::invoke(members::symbol(member.name()), member.arguments(), integers, pointers, 0, member.element);
+        return members::invoke(members::symbol(member.name()), member.arguments(), integers, pointers, 0,
+                               member.element);
     }
 };
 
@@ -55,7 +58,8 @@ struct View {
 // Small integers and zeros of both signs, now and then a special value.
 template <class T>
 void fill(Objects<T> &o, std::mt19937 &random, bool specials) {
-    const T special[] = {std::numeric_limits<T>::infinity(), std::numeric_limits<T>::quiet_NaN(), T(1e-40), T(3e38), -T(0)};
+    const T special[] = {std::numeric_limits<T>::infinity(), std::numeric_limits<T>::quiet_NaN(), T(1e-40), T(3e38),
+                         -T(0)};
     for (T &x : o.memory) {
         x = static_cast<T>(std::ldexp(static_cast<double>(random() % 2048) - 1024, -7));
         if (random() % 4 == 0) x = random() % 2 ? T(0) : -T(0);

@@ -12,10 +12,18 @@ namespace rules {
 using members::Layout;
 using members::Member;
 
-inline bool starts(const std::string &text, const std::string &with) { return text.rfind(with, 0) == 0; }
-inline std::string operation(const Member &m) { return m.row->name.substr(0, m.row->name.find('_')); }
-inline std::string code(const Member &m) { return m.row->name.substr(m.row->name.find('_') + 1); }
-inline bool has_matrix(const Member &m) { return code(m).find_first_of("mt") != std::string::npos; }
+inline bool starts(const std::string &text, const std::string &with) {
+    return text.rfind(with, 0) == 0;
+}
+inline std::string operation(const Member &m) {
+    return m.row->name.substr(0, m.row->name.find('_'));
+}
+inline std::string code(const Member &m) {
+    return m.row->name.substr(m.row->name.find('_') + 1);
+}
+inline bool has_matrix(const Member &m) {
+    return code(m).find_first_of("mt") != std::string::npos;
+}
 
 // The order of the check groups, in letters: n null, c count, z size, m match, s strides, r shifts. Upper case: of the
 // destinations alone, after the source's.
@@ -58,18 +66,25 @@ struct Bound {
     int strided[2], s2[2], pointers[2], list[2], list_s2[2]; // float, double
 };
 
-#define BOTH(x) {x, x}
+#define BOTH(x) \
+    { x, x }
 inline const Bound *bound(const Member &m) {
     const std::string op = operation(m), c = code(m);
     const auto arrays = std::count(c.begin(), c.end(), 'a');
-#define RULE(condition, formula, ...)                                                                                  \
-    if (condition) {                                                                                                   \
-        static const Bound b{[](long long s, long long n) -> long long { return formula; }, __VA_ARGS__};              \
-        return &b;                                                                                                     \
+#define RULE(condition, formula, ...)                                                                     \
+    if (condition) {                                                                                      \
+        static const Bound b{[](long long s, long long n) -> long long { return formula; }, __VA_ARGS__}; \
+        return &b;                                                                                        \
     }
-#define PRODUCT false, {6, 36864}, {6, 18432}, {6, 9216}, {6, 18432}, {6, 18432}
+#define PRODUCT                                             \
+    false, {6, 36864}, {6, 18432}, {6, 9216}, {6, 18432}, { \
+        6, 18432                                            \
+    }
 #define SUMS true, BOTH(36864), BOTH(18432), BOTH(9216), BOTH(18432), BOTH(18432)
-#define COMMON false, BOTH(20000), BOTH(20000), BOTH(20000), {40000, 20000}
+#define COMMON                                      \
+    false, BOTH(20000), BOTH(20000), BOTH(20000), { \
+        40000, 20000                                \
+    }
     const bool sum = op == "Add" || op == "Sub", with_matrix = has_matrix(m);
     RULE(sum && with_matrix && arrays == 1, s * s * (2 * n + 1), SUMS)
     RULE(sum && with_matrix && arrays == 2, 3 * s * s * n, SUMS)
@@ -79,9 +94,12 @@ inline const Bound *bound(const Member &m) {
     RULE(sum && (c == "vca" || c == "cav"), s * n + s + n, COMMON, {40000, 20000})
     RULE(sum && c == "cva", 2 * n + 1 + 0 * s, COMMON, {40000, 20000})
     RULE(op == "Mul" && c == "vac", 2 * s * n, PRODUCT)
-    RULE(op == "Mul" && c == "vaca", 2 * s * n + n, false, BOTH(36864), BOTH(36864), BOTH(9216), BOTH(18432), BOTH(18432))
-    RULE(op == "Mul" && c == "vca", s * n + s + n, false, BOTH(36864), BOTH(36864), BOTH(9216), BOTH(18432), BOTH(18432))
-    RULE(op == "Mul" && (c == "mac" || c == "tac"), 2 * s * s * n, false, BOTH(35000), BOTH(35000), BOTH(17000), BOTH(35000), {15000, 35000})
+    RULE(op == "Mul" && c == "vaca", 2 * s * n + n, false, BOTH(36864), BOTH(36864), BOTH(9216), BOTH(18432),
+         BOTH(18432))
+    RULE(op == "Mul" && c == "vca", s * n + s + n, false, BOTH(36864), BOTH(36864), BOTH(9216), BOTH(18432),
+         BOTH(18432))
+    RULE(op == "Mul" && (c == "mac" || c == "tac"), 2 * s * s * n, false, BOTH(35000), BOTH(35000), BOTH(17000),
+         BOTH(35000), {15000, 35000})
     RULE(op == "Mul" && (c == "mav" || c == "tav"), (s * s + s) * n + s, PRODUCT)
     RULE(op == "Mul" && (c == "mva" || c == "tva"), s * s + 2 * s * n, PRODUCT)
     RULE(op == "Mul" && (c == "mava" || c == "tava"), (s * s + 2 * s) * n, PRODUCT)
@@ -89,31 +107,42 @@ inline const Bound *bound(const Member &m) {
     RULE(op == "Mul" && arrays == 2, 3 * s * s * n, PRODUCT)
     RULE(op == "CrossProduct" && arrays == 1, 2 * n + 1 + 0 * s, COMMON, {40000, 20000})
     RULE(op == "CrossProduct" && arrays == 2, 3 * n + 0 * s, COMMON, {40000, 20000})
-    RULE(op == "DotProduct" && arrays == 1, s * n + s, false, BOTH(40000), BOTH(20000), {20000, 40000}, BOTH(40000), BOTH(20000))
-    RULE(op == "DotProduct" && arrays == 2, 2 * s * n, false, BOTH(40000), BOTH(20000), {20000, 40000}, BOTH(40000), BOTH(20000))
+    RULE(op == "DotProduct" && arrays == 1, s * n + s, false, BOTH(40000), BOTH(20000), {20000, 40000}, BOTH(40000),
+         BOTH(20000))
+    RULE(op == "DotProduct" && arrays == 2, 2 * s * n, false, BOTH(40000), BOTH(20000), {20000, 40000}, BOTH(40000),
+         BOTH(20000))
     RULE(op == "L2Norm", s * n, false, BOTH(20000), BOTH(20000), BOTH(20000), BOTH(20000), BOTH(20000))
-    RULE(op == "Saxpy" && arrays == 1, 2 * s * n + s, false, BOTH(40000), BOTH(40000), BOTH(40000), BOTH(40000), BOTH(40000))
-    RULE(op == "Saxpy" && arrays == 2, 3 * s * n, false, BOTH(40000), BOTH(40000), BOTH(40000), BOTH(40000), BOTH(40000))
+    RULE(op == "Saxpy" && arrays == 1, 2 * s * n + s, false, BOTH(40000), BOTH(40000), BOTH(40000), BOTH(40000),
+         BOTH(40000))
+    RULE(op == "Saxpy" && arrays == 2, 3 * s * n, false, BOTH(40000), BOTH(40000), BOTH(40000), BOTH(40000),
+         BOTH(40000))
     RULE(op == "LComb" && arrays == 1, 2 * s * n + s, COMMON, BOTH(20000))
     RULE(op == "LComb" && arrays == 2, 3 * s * n, COMMON, BOTH(20000))
     RULE(op == "Gaxpy" && c == "mva", 3 * s * n, false, BOTH(5000), BOTH(5000), BOTH(5000), BOTH(5000), BOTH(5000))
-    RULE(op == "Gaxpy" && c == "mvav", s * n + s * (n + 1), false, BOTH(5000), BOTH(5000), BOTH(5000), BOTH(5000), BOTH(5000))
+    RULE(op == "Gaxpy" && c == "mvav", s * n + s * (n + 1), false, BOTH(5000), BOTH(5000), BOTH(5000), BOTH(5000),
+         BOTH(5000))
     RULE(op == "Trace" || op == "Det", s * n, COMMON, BOTH(20000))
     RULE(op == "FrobNorm" || op == "LUDecomp", s * s * n, COMMON, BOTH(20000))
     RULE(op == "AffineTransform3DH", 6 * n + 16 + 0 * s, false, BOTH(2000), BOTH(2000), BOTH(0), BOTH(0), BOTH(0))
-    RULE(op == "LUBackSubst" && c == "mva", s * (s + 2 * n), false, BOTH(1700), BOTH(1700), BOTH(1700), BOTH(1700), BOTH(1700))
+    RULE(op == "LUBackSubst" && c == "mva", s * (s + 2 * n), false, BOTH(1700), BOTH(1700), BOTH(1700), BOTH(1700),
+         BOTH(1700))
     RULE(op == "LUBackSubst", (s * s + 2 * s) * n, false, BOTH(1700), BOTH(1700), BOTH(1700), BOTH(1700), BOTH(1700))
     RULE(op == "CholeskyDecomp", s * s * n, false, {7500, 2000}, {7500, 2000}, BOTH(2000), {2000, 720}, BOTH(2000))
-    RULE(op == "CholeskyBackSubst" && c == "mva", s * (s + 2 * n), false, {1200, 720}, {1200, 720}, BOTH(720), BOTH(720), BOTH(720))
-    RULE(op == "CholeskyBackSubst", (s * s + 2 * s) * n, false, {2050, 1700}, BOTH(1700), {1700, 2050}, BOTH(1700), BOTH(1700))
+    RULE(op == "CholeskyBackSubst" && c == "mva", s * (s + 2 * n), false, {1200, 720}, {1200, 720}, BOTH(720),
+         BOTH(720), BOTH(720))
+    RULE(op == "CholeskyBackSubst", (s * s + 2 * s) * n, false, {2050, 1700}, BOTH(1700), {1700, 2050}, BOTH(1700),
+         BOTH(1700))
     RULE(op == "QRDecomp", 2 * s * s * n, false, BOTH(2800), BOTH(2800), BOTH(1800), BOTH(1800), BOTH(1800))
-    RULE(op == "QRBackSubst" && c == "mva", s * s + 2 * s * n, false, BOTH(2800), BOTH(2800), BOTH(1800), BOTH(1800), BOTH(1800))
+    RULE(op == "QRBackSubst" && c == "mva", s * s + 2 * s * n, false, BOTH(2800), BOTH(2800), BOTH(1800), BOTH(1800),
+         BOTH(1800))
     RULE(op == "QRBackSubst", (s * s + 2 * s) * n, false, BOTH(2800), BOTH(2800), BOTH(1800), BOTH(1800), BOTH(1800))
     RULE(op == "Invert", 2 * s * n, COMMON, BOTH(20000))
     RULE(op == "EigenValuesSym", (s * s + s) * n, COMMON, BOTH(20000))
-    RULE(op == "EigenValuesVectorsSym", (2 * s * s + s) * n, false, BOTH(1700), BOTH(1700), BOTH(1700), BOTH(1700), BOTH(1700))
+    RULE(op == "EigenValuesVectorsSym", (2 * s * s + s) * n, false, BOTH(1700), BOTH(1700), BOTH(1700), BOTH(1700),
+         BOTH(1700))
     RULE(op == "EigenValues", (s * s + s) * n, false, BOTH(10000), BOTH(10000), BOTH(10000), BOTH(10000), BOTH(10000))
-    RULE(starts(op, "EigenValuesVectors"), (3 * s * s + s) * n, false, BOTH(7000), BOTH(7000), BOTH(7000), BOTH(7000), BOTH(7000))
+    RULE(starts(op, "EigenValuesVectors"), (3 * s * s + s) * n, false, BOTH(7000), BOTH(7000), BOTH(7000), BOTH(7000),
+         BOTH(7000))
 #undef RULE
 #undef PRODUCT
 #undef SUMS

@@ -26,21 +26,25 @@ struct Operand {
     std::vector<void *> table;
     unsigned char *base;
 
-    Operand(char layout_, Spread spread, const Sizes &s, int element, unsigned char *base_) : layout(layout_), base(base_) {
+    Operand(char layout_, Spread spread, const Sizes &s, int element, unsigned char *base_)
+        : layout(layout_), base(base_) {
         const bool apart = spread == Spread::elements;
         shift = layout == 'S' ? 0 : 2 * element;
         stride2 = spread == Spread::lanes ? s.count * element : (apart ? 2 : 1) * element;
         stride1 = s.width * stride2 + (apart ? element : 0);
-        stride0 = spread == Spread::lanes ? element : s.height * stride1 + (spread == Spread::structs ? 3 * element : 0);
+        stride0 =
+            spread == Spread::lanes ? element : s.height * stride1 + (spread == Spread::structs ? 3 * element : 0);
         if (layout == 'P')
             for (int i = 0; i < s.height; ++i)
                 for (int j = 0; j < s.width; ++j) table.push_back(base - shift + i * stride1 + j * stride2);
         if (layout == 'L') // from the last to the first, but for a run at the end
-            for (int n = 0; n < s.count; ++n) table.push_back(base - shift + (n < 20 ? s.count - 1 - n : n - 20) * stride0);
+            for (int n = 0; n < s.count; ++n)
+                table.push_back(base - shift + (n < 20 ? s.count - 1 - n : n - 20) * stride0);
     }
     unsigned char *at(int n, int i, int j) const {
-        unsigned char *const object = layout == 'L' ? static_cast<unsigned char *>(table[static_cast<std::size_t>(n)]) + shift
-                                                    : base + n * stride0;
+        unsigned char *const object = layout == 'L'
+                                          ? static_cast<unsigned char *>(table[static_cast<std::size_t>(n)]) + shift
+                                          : base + n * stride0;
         return object + i * stride1 + j * stride2;
     }
 };
@@ -78,7 +82,9 @@ struct Arguments {
     }
 };
 
-std::string type(int element) { return element == 4 ? "_32f" : "_64f"; }
+std::string type(int element) {
+    return element == 4 ? "_32f" : "_64f";
+}
 
 // Runs a call and its model on the same memory.
 struct Block {
@@ -129,7 +135,8 @@ TEST(Copy, EveryPairOfLayoutsWithAndWithoutOverlap) {
                             block.expect(a, (s.matrix ? "smxCopy_ma" : "smxCopy_va") + type(E) + "_" + pair, s, [&] {
                                 for (int n = 0; n < s.count; ++n)
                                     for (int i = 0; i < s.height; ++i)
-                                        for (int j = 0; j < s.width; ++j) std::memmove(dst.at(n, i, j), src.at(n, i, j), static_cast<std::size_t>(E));
+                                        for (int j = 0; j < s.width; ++j)
+                                            std::memmove(dst.at(n, i, j), src.at(n, i, j), static_cast<std::size_t>(E));
                             });
                             if (testing::Test::HasFatalFailure()) return;
                         }
@@ -144,7 +151,8 @@ TEST(Extract, EveryLayoutWithAndWithoutOverlap) {
                     for (const char layout : {'S', 'P', 'L'})
                         for (const Spread from : spreads)
                             for (const int offset : {40000, 0, E, 5 * E, 40 * E}) {
-                                if ((layout == 'L' && !array) || (transposed && !s.matrix) || (!array && s.count > 1)) continue;
+                                if ((layout == 'L' && !array) || (transposed && !s.matrix) || (!array && s.count > 1))
+                                    continue;
                                 Block block(90000);
                                 Sizes stored = s;
                                 if (transposed) std::swap(stored.width, stored.height);
@@ -154,12 +162,16 @@ TEST(Extract, EveryLayoutWithAndWithoutOverlap) {
                                 a.operand("src", src, s, array);
                                 a.pointer("dst", dst);
                                 a.sizes(s, array);
-                                const std::string code = std::string(!s.matrix ? "v" : transposed ? "t" : "m") + (array ? "a" : "");
+                                const std::string code = std::string(!s.matrix    ? "v"
+                                                                     : transposed ? "t"
+                                                                                  : "m") +
+                                                         (array ? "a" : "");
                                 const std::string suffix = layout == 'S' ? "" : std::string("_") + layout;
                                 block.expect(a, "smxExtract_" + code + type(E) + suffix, s, [&] {
                                     const auto move = [&](int n, int i, int j) {
                                         std::memmove(dst + ((n * s.height + i) * s.width + j) * E,
-                                                     transposed ? src.at(n, j, i) : src.at(n, i, j), static_cast<std::size_t>(E));
+                                                     transposed ? src.at(n, j, i) : src.at(n, i, j),
+                                                     static_cast<std::size_t>(E));
                                     };
                                     // One pointer after the other, or one object after the other.
                                     const int outer = layout == 'P' ? 1 : s.count, inner = layout == 'P' ? s.count : 1;
@@ -184,15 +196,17 @@ TEST(LoadIdentity, EveryLayoutAndShape) {
                     Arguments a;
                     a.operand("dst", dst, s, true);
                     a.sizes(s, true);
-                    block.expect(a, "smxLoadIdentity_ma" + type(E) + (layout == 'S' ? "" : std::string("_") + layout), s, [&] {
-                        for (int n = 0; n < s.count; ++n)
-                            for (int i = 0; i < s.height; ++i)
-                                for (int j = 0; j < s.width; ++j) {
-                                    const float f = i == j;
-                                    const double d = i == j;
-                                    std::memcpy(dst.at(n, i, j), E == 4 ? static_cast<const void *>(&f) : &d, static_cast<std::size_t>(E));
-                                }
-                    });
+                    block.expect(
+                        a, "smxLoadIdentity_ma" + type(E) + (layout == 'S' ? "" : std::string("_") + layout), s, [&] {
+                            for (int n = 0; n < s.count; ++n)
+                                for (int i = 0; i < s.height; ++i)
+                                    for (int j = 0; j < s.width; ++j) {
+                                        const float f = i == j;
+                                        const double d = i == j;
+                                        std::memcpy(dst.at(n, i, j), E == 4 ? static_cast<const void *>(&f) : &d,
+                                                    static_cast<std::size_t>(E));
+                                    }
+                        });
                     if (testing::Test::HasFatalFailure()) return;
                 }
     });
@@ -250,7 +264,8 @@ void expect_order(const Arguments &good, const std::string &function, const std:
                     Arguments both = good;
                     // A count below 1 hides the object strides.
                     if (spoil(both, one, group(order[i]).bad) && spoil(both, other, group(order[j]).bad)) {
-                        EXPECT_EQ(both.call(function), group(order[i]).status) << function << " " << one << ", " << other;
+                        EXPECT_EQ(both.call(function), group(order[i]).status)
+                            << function << " " << one << ", " << other;
                     }
                 }
         }
@@ -271,7 +286,8 @@ TEST(Copy, ChecksInOrder) {
                 a.operand("dst", dst, s, true);
                 a.sizes(s, true);
                 const bool shifts_first = !matrix && E == 4 && pair[1] == 'P';
-                expect_order(a, (matrix ? "smxCopy_ma" : "smxCopy_va") + type(E) + "_" + pair, shifts_first ? "nzcfgabo" : "nzcabfgo");
+                expect_order(a, (matrix ? "smxCopy_ma" : "smxCopy_va") + type(E) + "_" + pair,
+                             shifts_first ? "nzcfgabo" : "nzcabfgo");
             }
 }
 
@@ -290,7 +306,9 @@ TEST(Extract, ChecksInOrder) {
                 a.sizes(s, array);
                 const bool size_first = layout == 'P' && !(code == "v" && E == 4);
                 expect_order(a, "smxExtract_" + code + type(E) + (layout == 'S' ? "" : std::string("_") + layout),
-                             array ? "nzcfaO" : size_first ? "znf" : "nzaf");
+                             array        ? "nzcfaO"
+                             : size_first ? "znf"
+                                          : "nzaf");
             }
 }
 

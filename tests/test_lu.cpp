@@ -18,7 +18,9 @@ struct LU : ::testing::Test {};
 TYPED_TEST_SUITE(LU, factor::BothTypes);
 
 constexpr int sides[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 13};
-bool written_out(int n) { return n >= 3 && n <= 6; }
+bool written_out(int n) {
+    return n >= 3 && n <= 6;
+}
 
 // Factors object `o` in the documented order; `stores` is how many elements of each row reach dst.
 template <class T>
@@ -27,7 +29,9 @@ SmxStatus decompose(const Objects<T> &src, const Objects<T> &dst, int *r, int n,
     const T tolerance = written ? std::numeric_limits<T>::min() * 2 : std::numeric_limits<T>::epsilon();
     const auto fails = [&](T x) { return written ? !(std::fabs(x) >= tolerance) : !(std::fabs(x) > tolerance); };
     std::vector<T> copy(static_cast<std::size_t>(n * n));
-    const auto w = [&](int i, int j) -> T & { return written ? copy[static_cast<std::size_t>(i * n + j)] : dst.at(o, i, j); };
+    const auto w = [&](int i, int j) -> T & {
+        return written ? copy[static_cast<std::size_t>(i * n + j)] : dst.at(o, i, j);
+    };
     const auto store = [&](int i) {
         for (int j = 0; written && j < n; ++j) dst.at(o, i, j) = w(i, j);
     };
@@ -44,7 +48,8 @@ SmxStatus decompose(const Objects<T> &src, const Objects<T> &dst, int *r, int n,
         if (written && fails(pivot)) return smxStsSingularErr;
         if (!whole) store(r[k]);
         const T reciprocal = T(1) / pivot;
-        for (int i = k + 1; i < n; ++i) w(r[i], k) = written && k == n - 2 ? w(r[i], k) / pivot : w(r[i], k) * reciprocal;
+        for (int i = k + 1; i < n; ++i)
+            w(r[i], k) = written && k == n - 2 ? w(r[i], k) / pivot : w(r[i], k) * reciprocal;
         for (int i = k + 1; i < n; ++i)
             for (int j = k + 1; j < n; ++j) {
                 const T product = w(r[i], k) * w(r[k], j);
@@ -59,7 +64,8 @@ SmxStatus decompose(const Objects<T> &src, const Objects<T> &dst, int *r, int n,
 }
 
 template <class T>
-void solve(const Objects<T> &f, int fo, const int *r, const Vectors<T> &b, const Vectors<T> &x, int n, int o, bool reciprocals) {
+void solve(const Objects<T> &f, int fo, const int *r, const Vectors<T> &b, const Vectors<T> &x, int n, int o,
+           bool reciprocals) {
     const auto F = [&](int i, int j) { return f.at(fo, r[i], j); };
     std::vector<T> y(static_cast<std::size_t>(n));
     const auto at = [&](int i) -> T & { return written_out(n) ? y[static_cast<std::size_t>(i)] : x.at(o, 0, i); };
@@ -95,8 +101,12 @@ template <class T>
 void fill_matrix(Objects<T> &a, int o, int n, Values values, std::mt19937 &random) {
     std::uniform_real_distribution<double> uniform(-1, 1);
     const int turn = static_cast<int>(random() % 8u);
-    const T tiny[] = {std::numeric_limits<T>::epsilon(), std::numeric_limits<T>::min() * 2, std::numeric_limits<T>::min(),
-                      std::numeric_limits<T>::quiet_NaN(), std::nextafter(std::numeric_limits<T>::epsilon(), T(1)), T(0)};
+    const T tiny[] = {std::numeric_limits<T>::epsilon(),
+                      std::numeric_limits<T>::min() * 2,
+                      std::numeric_limits<T>::min(),
+                      std::numeric_limits<T>::quiet_NaN(),
+                      std::nextafter(std::numeric_limits<T>::epsilon(), T(1)),
+                      T(0)};
     for (int i = 0; i < n; ++i)
         for (int j = 0; j < n; ++j) {
             T value = static_cast<T>(uniform(random));
@@ -122,7 +132,8 @@ TYPED_TEST(LU, FactorsHaveTheBitsOfTheReferenceAlsoWhereTheyStop) {
                     const bool in_place = round % 3 == 2;
                     const int count = 1 + round % 20;
                     Objects<T> src(form, n, n, count), apart(form, n, n, count);
-                    for (int o = 0; o < count; ++o) fill_matrix(src, o, n, o % 4 == 3 ? values : Values::ordinary, random);
+                    for (int o = 0; o < count; ++o)
+                        fill_matrix(src, o, n, o % 4 == 3 ? values : Values::ordinary, random);
                     if (count == 1) fill_matrix(src, 0, n, values, random);
                     Objects<T> &dst = in_place ? src : apart;
                     const std::vector<T> before = dst.memory;
@@ -134,9 +145,11 @@ TYPED_TEST(LU, FactorsHaveTheBitsOfTheReferenceAlsoWhereTheyStop) {
                     SmxStatus found;
                     if (count == 1 && round % 2 == 0)
                         found = LUDecomp_m<T>(form, One{src}, Just{pivots.data() + 1}, One{dst}, Just{n});
-                    else found = LUDecomp_ma<T>(form, Array{src}, Just{pivots.data() + 1}, Array{dst}, Just{n}, Just{count});
-                    SCOPED_TRACE(testing::Message() << "form " << int(form) << " side " << n << " values " << int(values)
-                                                    << " count " << count << " in place " << in_place);
+                    else
+                        found =
+                            LUDecomp_ma<T>(form, Array{src}, Just{pivots.data() + 1}, Array{dst}, Just{n}, Just{count});
+                    SCOPED_TRACE(testing::Message() << "form " << int(form) << " side " << n << " values "
+                                                    << int(values) << " count " << count << " in place " << in_place);
                     ASSERT_EQ(found, expected);
                     ASSERT_EQ(pivots, expected_pivots);
                     ASSERT_TRUE(same(dst.memory, expected_memory));
@@ -169,17 +182,20 @@ TYPED_TEST(LU, SolutionsHaveTheBitsOfTheReference) {
                     for (const int shape : {0, 1, 2}) { // mv, mva, mava
                         x.memory.assign(before.begin(), before.end());
                         for (int o = 0; o < (shape == 0 ? 1 : count); ++o)
-                            solve<T>(f, shape == 2 ? o : 0, pivots.data() + (shape == 2 ? o * n : 0), b, x, n, o, shape == 1);
+                            solve<T>(f, shape == 2 ? o : 0, pivots.data() + (shape == 2 ? o * n : 0), b, x, n, o,
+                                     shape == 1);
                         const std::vector<T> expected = x.memory;
                         x.memory.assign(before.begin(), before.end());
                         const SmxStatus status =
-                            shape == 0 ? LUBackSubst_mv<T>(form, One{f}, Just{pivots.data()}, One{b}, One{x}, Just{n})
-                            : shape == 1
-                                ? LUBackSubst_mva<T>(form, One{f}, Just{pivots.data()}, Array{b}, Array{x}, Just{n}, Just{count})
-                                : LUBackSubst_mava<T>(form, Array{f}, Just{pivots.data()}, Array{b}, Array{x}, Just{n}, Just{count});
+                            shape == 0   ? LUBackSubst_mv<T>(form, One{f}, Just{pivots.data()}, One{b}, One{x}, Just{n})
+                            : shape == 1 ? LUBackSubst_mva<T>(form, One{f}, Just{pivots.data()}, Array{b}, Array{x},
+                                                              Just{n}, Just{count})
+                                         : LUBackSubst_mava<T>(form, Array{f}, Just{pivots.data()}, Array{b}, Array{x},
+                                                               Just{n}, Just{count});
                         ASSERT_EQ(status, smxStsNoErr);
-                        ASSERT_TRUE(same(x.memory, expected)) << "form " << int(form) << " side " << n << " shape " << shape
-                                                              << " count " << count << " in place " << in_place;
+                        ASSERT_TRUE(same(x.memory, expected))
+                            << "form " << int(form) << " side " << n << " shape " << shape << " count " << count
+                            << " in place " << in_place;
                     }
                 }
 }
@@ -205,7 +221,9 @@ TYPED_TEST(LU, ResidualsAreSmall) {
                     LUDecomp_ma<T>(form, Array{a}, Just{pivots.data()}, Array{lu}, Just{n}, Just{count});
                 SCOPED_TRACE(testing::Message() << "form " << int(form) << " side " << n << " kind " << int(kind));
                 ASSERT_EQ(status, smxStsNoErr);
-                ASSERT_EQ(LUBackSubst_mava<T>(form, Array{lu}, Just{pivots.data()}, Array{b}, Array{x}, Just{n}, Just{count}), 0);
+                ASSERT_EQ(
+                    LUBackSubst_mava<T>(form, Array{lu}, Just{pivots.data()}, Array{b}, Array{x}, Just{n}, Just{count}),
+                    0);
                 for (int o = 0; o < count; ++o) {
                     const Matrix<Real> whole = factor::read(a, o);
                     Matrix<Real> lower = factor::identity(n), upper(n, n), permuted(n, n), right(n, 1), solution(n, 1);
@@ -218,7 +236,8 @@ TYPED_TEST(LU, ResidualsAreSmall) {
                         right(i, 0) = b.at(o, 0, i);
                         solution(i, 0) = x.at(o, 0, i);
                     }
-                    worst_factor = std::max(worst_factor, norm(minus(permuted, lower * upper)) / (n * norm(whole) * eps<T>));
+                    worst_factor =
+                        std::max(worst_factor, norm(minus(permuted, lower * upper)) / (n * norm(whole) * eps<T>));
                     worst_solution = std::max(worst_solution, norm(minus(right, whole * solution)) /
                                                                   (norm(whole) * norm(solution) * n * eps<T>));
                 }

@@ -21,12 +21,13 @@ TYPED_TEST(MatrixProduct, HasTheBitsOfTheReference) {
     using T = TypeParam;
     constexpr struct {
         int m, k, c;
-    } shapes[] = {{1, 1, 1}, {2, 2, 2}, {3, 3, 3}, {4, 4, 4}, {5, 5, 5}, {6, 6, 6}, {7, 7, 7}, {3, 3, 4}, {5, 3, 3},
-                  {3, 5, 7}, {4, 2, 5}, {9, 8, 6}, {8, 4, 1}, {1, 7, 2}, {6, 6, 5}, {4, 1, 2}};
+    } shapes[] = {{1, 1, 1}, {2, 2, 2}, {3, 3, 3}, {4, 4, 4}, {5, 5, 5}, {6, 6, 6}, {7, 7, 7}, {3, 3, 4},
+                  {5, 3, 3}, {3, 5, 7}, {4, 2, 5}, {9, 8, 6}, {8, 4, 1}, {1, 7, 2}, {6, 6, 5}, {4, 1, 2}};
     std::mt19937 random(2);
     int calls = 0;
     for (const members::Row &row : members::rows()) {
-        if (row.name.rfind("Mul_", 0) != 0 || row.operands.size() < 7 || row.operands[6].structure != members::Structure::matrix)
+        if (row.name.rfind("Mul_", 0) != 0 || row.operands.size() < 7 ||
+            row.operands[6].structure != members::Structure::matrix)
             continue;
         const members::Operand &first = row.operands[0], &second = row.operands[3];
         const bool t1 = first.kind[0] == 'T', t2 = second.kind[0] == 'T';
@@ -60,16 +61,20 @@ TYPED_TEST(MatrixProduct, HasTheBitsOfTheReference) {
                         for (T &x : dst.memory) x = factor::mark<T>;
 
                         Call call{*member_,
-                                  {{"src1Width", src1.cols}, {"src1Height", src1.rows}, {"src2Width", src2.cols},
-                                   {"src2Height", src2.rows}, {"count", count}},
+                                  {{"src1Width", src1.cols},
+                                   {"src1Height", src1.rows},
+                                   {"src2Width", src2.cols},
+                                   {"src2Height", src2.rows},
+                                   {"count", count}},
                                   {}};
                         call.operand("src1", src1, first.array);
                         call.operand("src2", src2, second.array);
                         call.operand("dst", dst, row.array());
                         ASSERT_EQ(call.run(), 0);
                         ASSERT_TRUE(same(expected, dst.memory))
-                            << member_->name() << (form == Form::strided || form == Form::list_strided ? " spread " : " ") << m
-                            << "x" << k << "x" << c << " count " << count << " values " << values;
+                            << member_->name()
+                            << (form == Form::strided || form == Form::list_strided ? " spread " : " ") << m << "x" << k
+                            << "x" << c << " count " << count << " values " << values;
                         ++calls;
                     }
         }

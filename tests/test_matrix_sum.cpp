@@ -12,12 +12,13 @@ TYPED_TEST_SUITE(MatrixSum, factor::BothTypes);
 
 // The pointer kernels of the sides 3 to 6 read whole objects before they store, but for the forms without such paths.
 bool reads_first(const std::string &row, Form form, int width, int height) {
-    return form == Form::pointers && width == height && width >= 3 && width <= 6 && row != "Add_mat" && row != "Sub_mat" &&
-           row != "Sub_mata";
+    return form == Form::pointers && width == height && width >= 3 && width <= 6 && row != "Add_mat" &&
+           row != "Sub_mat" && row != "Sub_mata";
 }
 
 template <class T>
-void sums(bool subtract, const View<T> &a, const View<T> &b, const View<T> &d, int width, int height, int count, bool first) {
+void sums(bool subtract, const View<T> &a, const View<T> &b, const View<T> &d, int width, int height, int count,
+          bool first) {
     const auto sum = [&](T x, T y) -> T { return subtract ? x - y : x + y; };
     const auto size = static_cast<std::size_t>(width * height);
     std::vector<T> x(size), y(size);
@@ -58,13 +59,15 @@ TYPED_TEST(MatrixSum, HasTheBitsOfTheReference) {
                     for (const int over : {0, 1, 2}) { // the result is apart, over src1, over src2
                         if (over != 0 && (over == 1 ? t1 : t2) && width != height) continue;
                         if (count > 1 && !row.array()) continue;
-                        const auto made = [&](bool t) { return Objects<T>(form, t ? width : height, t ? height : width, count); };
+                        const auto made = [&](bool t) {
+                            return Objects<T>(form, t ? width : height, t ? height : width, count);
+                        };
                         Objects<T> src1 = made(t1), src2 = made(t2), apart = made(false);
                         for (Objects<T> *o : {&src1, &src2, &apart}) fill(*o, random, true);
                         Objects<T> &dst = over == 0 ? apart : over == 1 ? src1 : src2;
                         const std::vector<T> before = dst.memory;
-                        sums<T>(subtract, {src1, t1, first.array}, {src2, t2, second.array}, {dst, false, row.array()}, width,
-                                height, count, reads_first(row.name, form, width, height));
+                        sums<T>(subtract, {src1, t1, first.array}, {src2, t2, second.array}, {dst, false, row.array()},
+                                width, height, count, reads_first(row.name, form, width, height));
                         const std::vector<T> expected = dst.memory;
                         dst.memory.assign(before.begin(), before.end());
 
@@ -74,8 +77,8 @@ TYPED_TEST(MatrixSum, HasTheBitsOfTheReference) {
                         call.operand("dst", dst, row.array());
                         ASSERT_EQ(call.run(), 0);
                         ASSERT_TRUE(same(expected, dst.memory))
-                            << m->name() << (form == Form::strided || form == Form::list_strided ? " spread " : " ") << width
-                            << "x" << height << " count " << count << " over " << over;
+                            << m->name() << (form == Form::strided || form == Form::list_strided ? " spread " : " ")
+                            << width << "x" << height << " count " << count << " over " << over;
                         ++calls;
                     }
         }

@@ -15,7 +15,8 @@ using namespace members;
 template <class T>
 void check(const Member &m, int width, int height, int count, bool apart) {
     const int E = sizeof(T), gap = apart ? 2 : 1;
-    std::vector<T> from(static_cast<std::size_t>(count * width * height * gap)), to(from.size() + 8, T(-1)), wanted = to;
+    std::vector<T> from(static_cast<std::size_t>(count * width * height * gap)), to(from.size() + 8, T(-1)),
+        wanted = to;
     std::iota(from.begin(), from.end(), T(1));
     std::map<std::string, int> integers{{"width", width}, {"height", height}, {"count", count}};
     std::map<std::string, void *> pointers;
@@ -27,7 +28,8 @@ void check(const Member &m, int width, int height, int count, bool apart) {
         integers[std::string(name) + "RoiShift"] = 2 * E;
         for (int e = 0; e < (m.layout == Layout::pointers ? width * height : count); ++e)
             table.push_back(reinterpret_cast<char *>(base) - 2 * E +
-                            static_cast<std::ptrdiff_t>(e) * gap * E * (m.layout == Layout::pointers ? 1 : width * height));
+                            static_cast<std::ptrdiff_t>(e) * gap * E *
+                                (m.layout == Layout::pointers ? 1 : width * height));
         pointers[name] = m.layout == Layout::strided ? static_cast<void *>(base) : table.data();
     };
     describe("src", tables[0], from.data(), width);
@@ -50,7 +52,8 @@ TEST(Transpose, EveryElementAndNothingElse) {
             for (const int height : {1, 3, 4, 5, 6, 8})
                 for (const int count : {1, 2, 37})
                     for (const bool apart : {false, true}) {
-                        m.element == 4 ? check<float>(m, width, height, count, apart) : check<double>(m, width, height, count, apart);
+                        m.element == 4 ? check<float>(m, width, height, count, apart)
+                                       : check<double>(m, width, height, count, apart);
                         if (HasFatalFailure()) return;
                     }
     }
@@ -78,7 +81,8 @@ TEST(Transpose, InPlaceIsNoTransposition) {
             for (int n = 0; n < count; ++n) list[n] = listed.data() + n * all_elements;
             const int stride0 = all_elements * E, stride1 = side * E;
             if (array) {
-                smxTranspose_ma_64f(strided.data(), stride0, stride1, E, side, side, strided.data(), stride0, stride1, E, 3);
+                smxTranspose_ma_64f(strided.data(), stride0, stride1, E, side, side, strided.data(), stride0, stride1,
+                                    E, 3);
                 smxTranspose_ma_64f_P(table, 0, stride0, side, side, table, 0, stride0, 3);
                 smxTranspose_ma_64f_L(list, 0, stride1, E, side, side, list, 0, stride1, E, 3);
                 EXPECT_EQ(listed, by_result);

@@ -48,8 +48,8 @@ void check(const Member &m, const Shape &shape) {
         }
     const std::vector<unsigned char> sources = call.memory();
     ASSERT_EQ(call.run(), 0) << m.name();
-    ASSERT_TRUE(room == wanted) << m.name() << " len " << shape.size << " count " << shape.count << " step " << shape.step
-                                << " gap " << shape.object_gap << " lanes " << shape.lanes << " threads "
+    ASSERT_TRUE(room == wanted) << m.name() << " len " << shape.size << " count " << shape.count << " step "
+                                << shape.step << " gap " << shape.object_gap << " lanes " << shape.lanes << " threads "
                                 << threads_omp_of_n_smk;
     ASSERT_TRUE(call.memory() == sources) << m.name();
 }
