@@ -9,12 +9,12 @@
 namespace smx {
 inline namespace SMX_ISA {
 
-enum class Rows { first, last };
+enum class MinorRows { first, last };
 
 // The minors of the first or the last rows: value[set] is the one on as many rows as `set` has columns. Each expands
 // along the row that it has more than the smaller ones, the first rows from the highest column down, the last rows from
 // the lowest column up.
-template <class Num, int N, Rows rows>
+template <class Num, int N, MinorRows rows>
 struct Minors {
     Num value[1 << N];
 
@@ -30,7 +30,7 @@ struct Minors {
     template <int set>
     [[gnu::always_inline]] void make_one(const Num (&a)[N][N]) {
         constexpr int size = __builtin_popcount(set);
-        constexpr int row = rows == Rows::first ? size - 1 : N - size;
+        constexpr int row = rows == MinorRows::first ? size - 1 : N - size;
         constexpr int column = first_of(set);
         if constexpr (size == 1) value[set] = a[row][column];
         else value[set] = rest<row, set, set ^ 1 << column, true>(a, a[row][column] * value[set ^ 1 << column]);
@@ -48,14 +48,14 @@ struct Minors {
     }
 
     static constexpr int first_of(int set) {
-        return rows == Rows::first ? 31 - __builtin_clz(static_cast<unsigned>(set))
+        return rows == MinorRows::first ? 31 - __builtin_clz(static_cast<unsigned>(set))
                                    : __builtin_ctz(static_cast<unsigned>(set));
     }
 };
 
 template <class Num, int N>
 [[gnu::always_inline]] inline Num determinant(const Num (&a)[N][N]) {
-    Minors<Num, N, Rows::first> minors;
+    Minors<Num, N, MinorRows::first> minors;
     minors.template make<1 << N>(a);
     return minors.value[(1 << N) - 1];
 }
@@ -73,8 +73,8 @@ constexpr T size_cubed_tolerance(int n) {
 template <class Num, int N>
 struct Cofactors {
     static constexpr int full = (1 << N) - 1;
-    Minors<Num, N, Rows::first> above;
-    Minors<Num, N, Rows::last> below;
+    Minors<Num, N, MinorRows::first> above;
+    Minors<Num, N, MinorRows::last> below;
 
     // false if the determinant's test failed, with the result not complete; fails(determinant) is the test.
     template <class Test>
