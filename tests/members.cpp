@@ -182,7 +182,11 @@ int invoke(void *function, const std::vector<Argument> &arguments, const std::ma
 // ---- the operands of one call
 
 Call::Call(const Member &member, const Shape &shape) : member_(member), shape_(shape) {
-    for (const Operand &o : member.row->operands) place(o);
+    // Scratch and pivot indexes come first, where no operand that an overlap moves on runs over them.
+    const auto aside = [](const Operand &o) { return o.structure == Structure::buffer || o.integers; };
+    for (const bool first : {true, false})
+        for (const Operand &o : member.row->operands)
+            if (aside(o) == first) place(o);
     memory_.resize(memory_.size() + 8192, 0xa5); // room behind the last operand for one that is moved on
     for (const Operand &o : member.row->operands) fill(o);
     for (const Operand &o : member.row->operands) describe(o);

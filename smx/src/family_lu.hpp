@@ -157,9 +157,9 @@ struct LUBackSubstitution {
                 T reciprocal[N];
                 if (by_reciprocals)
                     for (int i = 0; i < N; ++i) reciprocal[i] = T(1) / matrix.object(0, N)(pivots.object(0)[i], i);
+                const T *const given = by_reciprocals ? reciprocal : nullptr;
                 const auto one = [&](int n) {
-                    local<N, T>(matrix.object(n, N), pivots.object(n), rhs.object(n), dst.object(n),
-                                by_reciprocals ? reciprocal : nullptr);
+                    local<N, T>(matrix.object(n, N), pivots.object(n), rhs.object(n), dst.object(n), given);
                     return SmxStatus{smxStsNoErr};
                 };
                 if constexpr (is_single<X>) {
@@ -171,7 +171,7 @@ struct LUBackSubstitution {
                                                      {pivots.lanes(N), SameObject::any}},
                                                     {dst.lanes(1, N)});
                     for_each_object<T>(
-                        plan, [&](int n) { return SMX_ON_ALL_LANES(n, lu_solve_lanes, plan, pivots.base, N); },
+                        plan, [&](int n) { return SMX_ON_ALL_LANES(n, lu_solve_lanes, plan, pivots.base, given, N); },
                         until_failure(one));
                 }
             }))

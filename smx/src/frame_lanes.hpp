@@ -96,14 +96,15 @@ inline auto until_failure(One one) {
 } // namespace smx
 
 // Calls a lane function of the chosen instruction set and, for the objects that are too few for its width, those of the
-// narrower ones. name(arguments..., first) must return the first object that is not done.
+// narrower ones. name(arguments..., first) must return the first object that is not done; no argument may be called as
+// the two local names are.
 #ifdef SMX_WIDE_LANES
-#define SMX_ON_ALL_LANES(first, name, ...)                                             \
-    [&](int n) {                                                                       \
-        const smx::InstructionSet set = smx::instruction_set();                        \
-        if (set >= smx::InstructionSet::avx512) n = smx::avx512::name(__VA_ARGS__, n); \
-        if (set >= smx::InstructionSet::avx2) n = smx::avx2::name(__VA_ARGS__, n);     \
-        return smx::baseline::name(__VA_ARGS__, n);                                    \
+#define SMX_ON_ALL_LANES(first, name, ...)                                                              \
+    [&](int not_done) {                                                                                 \
+        const smx::InstructionSet widest = smx::instruction_set();                                      \
+        if (widest >= smx::InstructionSet::avx512) not_done = smx::avx512::name(__VA_ARGS__, not_done); \
+        if (widest >= smx::InstructionSet::avx2) not_done = smx::avx2::name(__VA_ARGS__, not_done);     \
+        return smx::baseline::name(__VA_ARGS__, not_done);                                              \
     }(first)
 #else
 #define SMX_ON_ALL_LANES(first, name, ...) smx::baseline::name(__VA_ARGS__, first)

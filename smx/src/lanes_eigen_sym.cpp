@@ -62,19 +62,13 @@ int values_and_vectors(const LanePlan &plan, T gate, int first) {
     });
 }
 
-// Only the widest set takes several objects here: in the narrower ones double lists do not keep the bits of one after
-// the other.
-constexpr bool wide_enough = pack_bytes == 64;
-
 } // namespace
 
 int eigen_sym_lanes(const LanePlan &plan, int side, int first) {
-    if constexpr (!wide_enough) return first;
     return by_type_and_side(plan, plan.result[0].element, side, first,
                             [&](auto zero, auto s) { return values<decltype(zero), decltype(s)::value>(plan, first); });
 }
 int eigen_vectors_sym_lanes(const LanePlan &plan, int side, double gate, int first) {
-    if constexpr (!wide_enough) return first;
     return by_type_and_side(plan, plan.result[0].element, side, first, [&](auto zero, auto s) {
         using T = decltype(zero);
         return values_and_vectors<T, decltype(s)::value>(plan, static_cast<T>(gate), first);

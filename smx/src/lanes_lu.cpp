@@ -88,30 +88,29 @@ int decompose(const LanePlan &plan, int *pivots, int first) {
 
 // One matrix for all vectors: everything that depends on it alone is made once.
 template <class T, int N>
-int solve_one_matrix(const LanePlan &plan, const int *pivots, int first) {
+int solve_one_matrix(const LanePlan &plan, const int *pivots, const T *reciprocal, int first) {
     using Num = Pack<T>;
     const LaneAccess<T, N, N> matrix(plan.source[0].operand);
     const LaneAccess<T, 1, N> rhs(plan.source[1].operand), dst(plan.result[0]);
-    Num f[N][N], reciprocal[N];
+    Num f[N][N];
     for (int i = 0; i < N; ++i) {
         if (pivots[i] < 0 || pivots[i] >= N) return first;
         for (int j = 0; j < N; ++j) f[i][j] = Num(load_element<T>(matrix.address(0, pivots[i], j)));
-        reciprocal[i] = T(1) / f[i][i];
     }
     return each_group<T>(plan, first, [&](int n) {
         Num right[N], b[N], x[N];
         rhs.load(n, right);
         for (int i = 0; i < N; ++i) b[i] = right[pivots[i]];
-        lu_solve(f, b, x, [&](Num value, int i) { return value * reciprocal[i]; });
+        lu_solve(f, b, x, [&](Num value, int i) { return value * Num(reciprocal[i]); });
         dst.store(n, x);
         return true;
     });
 }
 
 template <class T, int N>
-int solve(const LanePlan &plan, const int *pivots, int first) {
+int solve(const LanePlan &plan, const int *pivots, const void *reciprocals, int first) {
     using Num = Pack<T>;
-    if (plan.source[0].operand.single) return solve_one_matrix<T, N>(plan, pivots, first);
+    if (reciprocals != nullptr) return solve_one_matrix<T, N>(plan, pivots, static_cast<const T *>(reciprocals), first);
     const LaneAccess<T, N, N> matrix(plan.source[0].operand);
     const LaneAccess<T, 1, N> rhs(plan.source[1].operand), dst(plan.result[0]);
     return each_group<T>(plan, first, [&](int n) {
@@ -135,9 +134,9 @@ int lu_decompose_lanes(const LanePlan &plan, int *pivots, int side, int first) {
         return decompose<decltype(zero), decltype(s)::value>(plan, pivots, first);
     });
 }
-int lu_solve_lanes(const LanePlan &plan, const int *pivots, int side, int first) {
+int lu_solve_lanes(const LanePlan &plan, const int *pivots, const void *reciprocals, int side, int first) {
     return by_type_and_side(plan, plan.result[0].element, side, first, [&](auto zero, auto s) {
-        return solve<decltype(zero), decltype(s)::value>(plan, pivots, first);
+        return solve<decltype(zero), decltype(s)::value>(plan, pivots, reciprocals, first);
     });
 }
 

@@ -4,4 +4,6 @@
 #include "frame_lanes.hpp"
 
 SMX_DECLARE_LANES(int, lu_decompose_lanes, const LanePlan &plan, int *pivots, int side, int first)
-SMX_DECLARE_LANES(int, lu_solve_lanes, const LanePlan &plan, const int *pivots, int side, int first)
+// `reciprocals`: those of the diagonal where one matrix serves all vectors, else null.
+SMX_DECLARE_LANES(int, lu_solve_lanes, const LanePlan &plan, const int *pivots, const void *reciprocals, int side,
+                  int first)
