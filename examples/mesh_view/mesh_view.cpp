@@ -1,0 +1,228 @@
+// Draws a triangle mesh or a point cloud: normals, transform and projection of all points in a few calls.
+#include <chrono>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <limits>
+
+#include "canvas.hpp"
+#include "layouts.hpp"
+#include "mesh_file.hpp"
+#include "options.hpp"
+#include "smkcore.h"
+
+namespace mesh {
+namespace {
+
+using shapes::Camera;
+using shapes::Canvas;
+using shapes::Vec;
+
+constexpr const char *usage =
+    R"(Usage: mesh_view [options] FILE
+Draws a triangle mesh or a point cloud (FILE.obj, an ASCII FILE.ply, FILE.xyz) to a PNG file.
+
+  --picture FILE     where to draw (default: mesh_view.png; none: no picture)
+  --width PIXELS     of the picture, which is three quarters as high (default: 1280)
+  --layout LAYOUT    how the vectors lie in memory while normals are computed: structs (an array of structures), arrays
+                     (a structure of arrays) or list (objects anywhere). The picture is the same. (default: structs)
+  --azimuth DEGREES  where the eye stands round the model (default: 20)
+  --elevation DEGREES  and how high (default: 25)
+  --z-up             the model's z axis is up, not its y axis
+  --threads N        threads for the array calls (default: 1)
+  --help
+
+Exits with 2 on bad input.
+)";
+
+struct Options {
+    std::string file, picture = "mesh_view.png", layout = "structs";
+    double azimuth = 20, elevation = 25;
+    int threads = 1, width = 1280;
+    bool zUp = false, help = false;
+};
+
+struct Vertex {
+    float position[3];
+    float normal[3]; // of length 1, or 0 where no face says anything
+    float facing[3]; // the normal in camera coordinates
+    float screen[3]; // column, row and 1 / distance
+};
+
+class Model {
+public:
+    // The points are moved and scaled into the unit ball: their file's unit, and its origin, may be anything.
+    explicit Model(const shapes::Shape &shape) : triangles(shape.triangles), vertices(shape.points.size()) {
+        shapes::Point low = shape.points[0], high = low;
+        for (const shapes::Point &p : shape.points)
+            for (std::size_t axis = 0; axis < 3; ++axis) {
+                low[axis] = std::min(low[axis], p[axis]);
+                high[axis] = std::max(high[axis], p[axis]);
+            }
+        const double radius = std::hypot(high[0] / 2 - low[0] / 2, high[1] / 2 - low[1] / 2, high[2] / 2 - low[2] / 2);
+        for (std::size_t n = 0; n < vertices.size(); ++n)
+            for (std::size_t axis = 0; axis < 3; ++axis)
+                vertices[n].position[axis] = static_cast<float>(
+                    radius > 0 ? (shape.points[n][axis] - (low[axis] / 2 + high[axis] / 2)) / radius : 0);
+    }
+
+    // The normal of a vertex: the sum of its faces' normals, which are twice as long as the faces are large. What is
+    // computed lies in stores of the given kind, and comes and goes by copies from layout to layout.
+    template <class Store>
+    void computeNormals() {
+        if (triangles.empty()) return;
+        const int faces = static_cast<int>(triangles.size()), count = size();
+        Store onFaces(4, faces), onVertices(2, count);
+        enum { corner0, side1, side2, across }; // of a face
+        enum { place, normal };                 // of a vertex
+
+        copy(field(&Vertex::position), onVertices[place], count);
+        copy(onVertices[place], field(&Vertex::position), count); // the picture shows what has gone through the layout
+        for (int i = 0; i < 3; ++i) copy(corners(static_cast<std::size_t>(i)), onFaces[corner0 + i], faces);
+        subtract(onFaces[side1], onFaces[corner0], onFaces[side1], faces);
+        subtract(onFaces[side2], onFaces[corner0], onFaces[side2], faces);
+        cross(onFaces[side1], onFaces[side2], onFaces[across], faces);
+
+        // Many faces add to one vertex, so this is a loop.
+        std::vector<Vec> perFace(triangles.size());
+        copy(onFaces[across], Field{&perFace[0].x, sizeof(Vec)}, faces);
+        for (std::size_t n = 0; n < triangles.size(); ++n)
+            for (const int vertex : triangles[n]) {
+                float *const sum = vertices[static_cast<std::size_t>(vertex)].normal;
+                sum[0] += perFace[n].x;
+                sum[1] += perFace[n].y;
+                sum[2] += perFace[n].z;
+            }
+
+        copy(field(&Vertex::normal), onVertices[normal], count);
+        std::vector<float> factors(vertices.size());
+        lengths(onVertices[normal], factors.data(), count);
+        for (float &factor : factors) factor = factor > 0 ? 1 / factor : 0;
+        scale(onVertices[normal], factors, count);
+        copy(onVertices[normal], field(&Vertex::normal), count);
+    }
+
+    // Fills in what the camera sees.
+    void project(Camera &camera, const Canvas &canvas) {
+        toScreen(camera);
+        float left = std::numeric_limits<float>::max(), top = left, right = -left, bottom = -left;
+        for (const Vertex &v : vertices) {
+            left = std::min(left, v.screen[0]);
+            right = std::max(right, v.screen[0]);
+            top = std::min(top, v.screen[1]);
+            bottom = std::max(bottom, v.screen[1]);
+        }
+        camera.fit(left, top, right, bottom, canvas.columns(), canvas.rows());
+        toScreen(camera);
+        const Field from = field(&Vertex::normal), to = field(&Vertex::facing);
+        check(smxMul_mva_32f(camera.turn.data(), 3 * element, element, 3, 3, from.base, from.stride, element, 3,
+                             to.base, to.stride, element, size()));
+    }
+
+    void draw(Canvas &canvas, const Camera &camera) const {
+        const auto vec = [](const float *v) { return Vec{v[0], v[1], v[2]}; };
+        for (const auto &corners : triangles) {
+            std::array<Vec, 3> place, normal;
+            for (std::size_t i = 0; i < 3; ++i) {
+                const Vertex &v = vertices[static_cast<std::size_t>(corners[i])];
+                place[i] = vec(v.screen);
+                normal[i] = vec(v.facing);
+            }
+            canvas.triangle(place, normal, {0.62F, 0.57F, 0.51F});
+        }
+        if (!triangles.empty()) return;
+        // Balls that just about touch if the points cover the model evenly. Near ones look larger, and lighter.
+        const float radius = 1.3F / std::sqrt(static_cast<float>(vertices.size()));
+        for (const Vertex &v : vertices) {
+            const float near = std::clamp((v.screen[2] * Camera::distance - 0.8F) / 0.5F, 0.0F, 1.0F);
+            canvas.ball(vec(v.screen), radius * camera.lens * v.screen[2], camera,
+                        shapes::mix({0.14F, 0.22F, 0.38F}, {0.85F, 0.66F, 0.38F}, near));
+        }
+    }
+
+    int size() const { return static_cast<int>(vertices.size()); }
+    int faces() const { return static_cast<int>(triangles.size()); }
+
+private:
+    // A field of the vertices as they are: nothing is copied out.
+    Field field(float (Vertex::*member)[3]) { return {vertices[0].*member, sizeof(Vertex)}; }
+
+    // The i-th corners of all faces: the list layout is an index list.
+    Scattered corners(std::size_t i) {
+        cornerList.clear();
+        for (const auto &triangle : triangles)
+            cornerList.push_back(vertices[static_cast<std::size_t>(triangle[i])].position);
+        return {cornerList.data(), 0};
+    }
+
+    // The camera stands outside of the ball that holds the points: no distance is 0.
+    void toScreen(const Camera &camera) {
+        const auto matrix = camera.projection();
+        const Field from = field(&Vertex::position), to = field(&Vertex::screen);
+        check(smxAffineTransform3DH_mva_32f(matrix.data(), 4 * element, element, from.base, from.stride, element,
+                                            to.base, to.stride, element, size()));
+    }
+
+    std::vector<std::array<int, 3>> triangles;
+    std::vector<Vertex> vertices;
+    std::vector<float *> cornerList;
+};
+
+double milliseconds(const auto &work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+void run(const Options &options) {
+    if (options.file.empty()) throw std::runtime_error("which file? See --help");
+    Model model(shapes::readShape(options.file));
+    threads_omp_of_n_smk = options.threads;
+    std::printf("%s: %d vertices, %d triangles\n", options.file.c_str(), model.size(), model.faces());
+
+    const double normals = milliseconds([&] {
+        if (options.layout == "structs") model.computeNormals<Structs>();
+        else if (options.layout == "arrays") model.computeNormals<Arrays>();
+        else if (options.layout == "list") model.computeNormals<Objects>();
+        else throw std::runtime_error("--layout is structs, arrays or list, not \"" + options.layout + "\"");
+    });
+    Canvas canvas(options.width, options.width * 3 / 4);
+    Camera camera(options.azimuth, options.elevation, options.zUp);
+    const double projection = milliseconds([&] { model.project(camera, canvas); });
+    std::printf("normals     %8.2f ms, layout %s\nprojection  %8.2f ms\n", normals, options.layout.c_str(), projection);
+    if (options.picture == "none") return;
+    const std::string name = std::filesystem::path(options.file).stem().string();
+    const double drawing = milliseconds([&] {
+        model.draw(canvas, camera);
+        canvas.writePng(options.picture, camera,
+                        name + ": " + std::to_string(model.size()) + " vertices, " + std::to_string(model.faces()) +
+                            " triangles");
+    });
+    std::printf("picture     %8.2f ms, %s\n", drawing, options.picture.c_str());
+}
+
+} // namespace
+} // namespace mesh
+
+int main(int count, char **arguments) {
+    try {
+        using shapes::into;
+        mesh::Options options;
+        shapes::readOptions(count, arguments,
+                            {{"", into(options.file)},
+                             {"--picture", into(options.picture)},
+                             {"--width", into(options.width, 16, 8192)},
+                             {"--layout", into(options.layout)},
+                             {"--azimuth", into(options.azimuth, -360.0, 360.0)},
+                             {"--elevation", into(options.elevation, -90.0, 90.0)},
+                             {"--z-up", into(options.zUp), true},
+                             {"--threads", into(options.threads, 1, 1024)},
+                             {"--help", into(options.help), true}});
+        if (options.help) std::fputs(mesh::usage, stdout);
+        else mesh::run(options);
+        return 0;
+    } catch (const std::exception &failure) {
+        std::fprintf(stderr, "mesh_view: %s\n", failure.what());
+        return 2;
+    }
+}

@@ -1,0 +1,22 @@
+// Triangle meshes and point clouds from text files.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace shapes {
+
+using Point = std::array<double, 3>;
+
+struct Shape {
+    std::vector<Point> points;
+    std::vector<std::array<int, 3>> triangles; // indexes into points; none: a point cloud
+};
+
+// Reads an OBJ file (.obj), an ASCII PLY file (.ply) or the points of an XYZ file (.xyz: x y z and whatever follows, one
+// point a line). Polygons are cut into the triangles that share their first corner. Throws std::runtime_error with one
+// line that names the file, the line and what is wrong there: a syntax error, an index out of range, no vertices.
+Shape readShape(const std::string &file);
+
+} // namespace shapes
