@@ -1,8 +1,8 @@
 // Arrays of 3-vectors in the library's three layouts, and the calls on them under one name each.
 #pragma once
 
+#include <algorithm>
 #include <array>
-#include <numeric>
 #include <random>
 #include <stdexcept>
 #include <string>

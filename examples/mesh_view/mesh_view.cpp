@@ -53,17 +53,11 @@ class Model {
 public:
     // The points are moved and scaled into the unit ball: their file's unit, and its origin, may be anything.
     explicit Model(const shapes::Shape &shape) : triangles(shape.triangles), vertices(shape.points.size()) {
-        shapes::Point low = shape.points[0], high = low;
-        for (const shapes::Point &p : shape.points)
-            for (std::size_t axis = 0; axis < 3; ++axis) {
-                low[axis] = std::min(low[axis], p[axis]);
-                high[axis] = std::max(high[axis], p[axis]);
-            }
-        const double radius = std::hypot(high[0] / 2 - low[0] / 2, high[1] / 2 - low[1] / 2, high[2] / 2 - low[2] / 2);
+        const shapes::Ball ball = shapes::ballRound(shape.points);
         for (std::size_t n = 0; n < vertices.size(); ++n)
             for (std::size_t axis = 0; axis < 3; ++axis)
-                vertices[n].position[axis] = static_cast<float>(
-                    radius > 0 ? (shape.points[n][axis] - (low[axis] / 2 + high[axis] / 2)) / radius : 0);
+                vertices[n].position[axis] =
+                    static_cast<float>(ball.radius > 0 ? (shape.points[n][axis] - ball.centre[axis]) / ball.radius : 0);
     }
 
     // The normal of a vertex: the sum of its faces' normals, which are twice as long as the faces are large. What is
@@ -194,7 +188,7 @@ void run(const Options &options) {
     const std::string name = std::filesystem::path(options.file).stem().string();
     const double drawing = milliseconds([&] {
         model.draw(canvas, camera);
-        canvas.writePng(options.picture, camera,
+        canvas.writePng(options.picture, camera, Canvas::Light::lamp,
                         name + ": " + std::to_string(model.size()) + " vertices, " + std::to_string(model.faces()) +
                             " triangles");
     });

@@ -12,15 +12,17 @@ const Vec eye = {0, 0, 1};
 const Vec lamp = unit({-0.80F, 0.42F, 0.42F}), back = unit({0.85F, -0.15F, -0.42F}), halfway = unit(lamp + eye);
 
 // A warm lamp on the left, a faint cool one from behind on the right, and what the room gives back.
-Vec lit(Vec paint, Vec normal, float openness) {
+Vec lit(Vec paint, Vec normal, float openness, Canvas::Light light) {
+    if (light == Canvas::Light::even)
+        return (openness * (0.50F + 0.25F * dot(normal, eye) + 0.35F * std::max(dot(normal, lamp), 0.0F))) * paint;
     const float direct = std::max(dot(normal, lamp), 0.0F) * (0.3F + 0.7F * openness);
     const float rim = std::max(dot(normal, back), 0.0F) * openness;
     float glint = std::max(dot(normal, halfway), 0.0F);
     for (int i = 0; i < 5; ++i) glint *= glint;
-    const Vec light =
+    const Vec sum =
         openness * Vec{0.050F, 0.058F, 0.075F} + direct * Vec{1.05F, 0.99F, 0.90F} + rim * Vec{0.10F, 0.15F, 0.22F};
     const float shine = 0.05F * glint * openness;
-    return Vec{paint.x * light.x, paint.y * light.y, paint.z * light.z} + Vec{shine, shine, shine};
+    return Vec{paint.x * sum.x, paint.y * sum.y, paint.z * sum.z} + Vec{shine, shine, shine};
 }
 
 // Directions that turn on by the golden angle.
@@ -76,7 +78,7 @@ void Canvas::triangle(const std::array<Vec, 3> &p, const std::array<Vec, 3> &nor
                 if (a < 0 || b < 0 || c < 0) return;
                 const float nearness = a * p[0].z + b * p[1].z + c * p[2].z;
                 if (nearness > sample.nearness)
-                    sample = {nearness, side * unit(a * normal[0] + b * normal[1] + c * normal[2]), paint};
+                    sample = {nearness, 1, nearness, side * unit(a * normal[0] + b * normal[1] + c * normal[2]), paint};
             });
 }
 
@@ -88,22 +90,28 @@ void Canvas::ball(Vec centre, float radius, const Camera &camera, Vec paint) {
                 if (height < 0) return;
                 const Vec normal = {u, v, std::sqrt(height)};
                 const float nearness = 1 / (1 / centre.z - size * normal.z);
-                if (nearness > sample.nearness) sample = {nearness, normal, paint};
+                if (nearness > sample.nearness) sample = {nearness, 1, nearness, normal, paint};
             });
 }
 
-// A round piece of the plane through the centre, as it is seen.
-void Canvas::disc(Vec centre, float radius, const Camera &camera, Vec normal, Vec paint) {
+void Canvas::disc(Vec centre, float radius, const Camera &camera, Vec normal, const Vec *paint) {
     const Vec middle = camera.position(centre.x, centre.y, centre.z);
     const float size = radius / (camera.lens * centre.z), height = dot(normal, middle);
     overBox(centre.x - radius, centre.y - radius, centre.x + radius, centre.y + radius,
             [&](float x, float y, Sample &sample) {
                 const Vec ray = camera.position(x, y, 1);
-                const float distance =
-                    height / dot(normal, ray); // not a number where the plane is seen edge-on: skipped
+                const float distance = height / dot(normal, ray);
                 const Vec offset = distance * ray - middle;
-                if (dot(offset, offset) <= size * size && distance > 0 && 1 / distance > sample.nearness)
-                    sample = {1 / distance, normal, paint};
+                const float part = dot(offset, offset) / (size * size);
+                if (!(part < 1 && distance > 0)) return; // also where the plane is seen edge-on
+                if (!paint) sample.nearness = std::max(sample.nearness, 1 / (distance + size));
+                else if (1 / distance >= sample.nearness) {
+                    const float weight = (1 - part) * (1 - part) + 1e-4F;
+                    sample.normal = sample.normal + weight * normal;
+                    sample.paint = sample.paint + weight * *paint;
+                    sample.weight += weight;
+                    sample.mixedNearness += weight / distance;
+                }
             });
 }
 
@@ -111,8 +119,10 @@ void Canvas::disc(Vec centre, float radius, const Camera &camera, Vec normal, Ve
 float Canvas::openness(int column, int row, const Sample &sample, const Camera &camera) const {
     constexpr int looks = 9;       // of each of the samples that a pixel has
     constexpr float reach = 0.16F; // in the model's unit
-    const Vec here = camera.position(static_cast<float>(column), static_cast<float>(row), sample.nearness);
-    const float widest = reach * camera.lens * sample.nearness;
+    const float nearness = sample.mixedNearness / sample.weight;
+    const Vec here = camera.position(static_cast<float>(column), static_cast<float>(row), nearness);
+    const Vec normal = unit(sample.normal);
+    const float widest = reach * camera.lens * nearness;
     // Another turn for each sample, so that the steps of the spiral blur instead of drawing rings.
     const unsigned mixed = (static_cast<unsigned>(column) * 0x9E3779B1U) ^ (static_cast<unsigned>(row) * 0x85EBCA77U);
     const auto [cosine, sine] = spiral[(mixed ^ mixed >> 15) % spiral.size()];
@@ -125,17 +135,18 @@ float Canvas::openness(int column, int row, const Sample &sample, const Camera &
         if (atColumn < 0 || atColumn >= columns() || atRow < 0 || atRow >= rows()) continue;
         const Sample &other = buffer[static_cast<std::size_t>(atRow) * static_cast<std::size_t>(columns()) +
                                      static_cast<std::size_t>(atColumn)];
-        if (other.nearness <= 0) continue;
-        const Vec there =
-            camera.position(static_cast<float>(atColumn), static_cast<float>(atRow), other.nearness) - here;
+        if (other.weight <= 0) continue;
+        const Vec there = camera.position(static_cast<float>(atColumn), static_cast<float>(atRow),
+                                          other.mixedNearness / other.weight) -
+                          here;
         const float length = std::sqrt(dot(there, there));
-        const float rise = dot(there, sample.normal) / std::max(length, 1e-9F) - 0.08F;
+        const float rise = dot(there, normal) / std::max(length, 1e-9F) - 0.08F;
         if (rise > 0) hidden += rise * std::max(1 - length / (2 * reach), 0.0F);
     }
     return std::clamp(1 - 2.6F * hidden / looks, 0.0F, 1.0F);
 }
 
-void Canvas::writePng(const std::string &file, const Camera &camera, const std::string &caption) const {
+void Canvas::writePng(const std::string &file, const Camera &camera, Light light, const std::string &caption) const {
     cairo_surface_t *const image = cairo_image_surface_create(CAIRO_FORMAT_RGB24, wide, high);
     unsigned char *const bytes = cairo_image_surface_get_data(image);
     const int stride = cairo_image_surface_get_stride(image);
@@ -146,11 +157,12 @@ void Canvas::writePng(const std::string &file, const Camera &camera, const std::
                 const int atColumn = column * samples + i % samples, atRow = row * samples + i / samples;
                 const Sample &sample = buffer[static_cast<std::size_t>(atRow) * static_cast<std::size_t>(columns()) +
                                               static_cast<std::size_t>(atColumn)];
-                const Vec light = sample.nearness > 0
-                                      ? lit(sample.paint, sample.normal, openness(atColumn, atRow, sample, camera))
-                                      : background(2 * static_cast<float>(atColumn) / static_cast<float>(columns()) - 1,
-                                                   2 * static_cast<float>(atRow) / static_cast<float>(rows()) - 1);
-                sum = sum + std::min(1 / std::max({light.x, light.y, light.z, 1e-6F}), 1.0F) * light;
+                const Vec seen = sample.weight > 0
+                                     ? lit(1 / sample.weight * sample.paint, unit(sample.normal),
+                                           openness(atColumn, atRow, sample, camera), light)
+                                     : background(2 * static_cast<float>(atColumn) / static_cast<float>(columns()) - 1,
+                                                  2 * static_cast<float>(atRow) / static_cast<float>(rows()) - 1);
+                sum = sum + std::min(1 / std::max({seen.x, seen.y, seen.z, 1e-6F}), 1.0F) * seen;
             }
             constexpr float part = 1.0F / (samples * samples);
             reinterpret_cast<unsigned *>(bytes + static_cast<long>(row) * stride)[column] =

@@ -286,4 +286,20 @@ Shape readShape(const std::string &file) {
     return shape;
 }
 
+Ball ballRound(const std::vector<Point> &points) {
+    Point low = points[0], high = low, half{};
+    for (const Point &p : points)
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            low[axis] = std::min(low[axis], p[axis]);
+            high[axis] = std::max(high[axis], p[axis]);
+        }
+    Ball ball{};
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        ball.centre[axis] = low[axis] / 2 + high[axis] / 2;
+        half[axis] = high[axis] / 2 - low[axis] / 2;
+    }
+    ball.radius = std::hypot(half[0], half[1], half[2]);
+    return ball;
+}
+
 } // namespace shapes

@@ -19,4 +19,11 @@ struct Shape {
 // line that names the file, the line and what is wrong there: a syntax error, an index out of range, no vertices.
 Shape readShape(const std::string &file);
 
+// The ball round the box that holds the points: at (p - centre) / radius all lie in the unit ball. At least one point.
+struct Ball {
+    Point centre;
+    double radius; // 0 if all points are one
+};
+Ball ballRound(const std::vector<Point> &points);
+
 } // namespace shapes
