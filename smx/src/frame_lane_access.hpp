@@ -392,6 +392,33 @@ template <class T, class Body>
     return n;
 }
 
+// Where the objects of a strided or list operand start.
+struct ObjectStarts {
+    const void *const *table;
+    std::ptrdiff_t start, step;
+    explicit ObjectStarts(const LaneOperand &o)
+        : table(o.addressing == Addressing::list ? o.table : nullptr),
+          start(table != nullptr ? o.shift : reinterpret_cast<std::ptrdiff_t>(o.base)), step(o.single ? 0 : o.stride0) {
+    }
+    const Byte *operator[](int n) const {
+        return table != nullptr ? at(table[n], start) : at(nullptr, start + n * step);
+    }
+};
+
+// Objects first .. count - 1 one after the other, each read whole before it is stored: only what overlaps within the
+// same object matters.
+template <class Body>
+[[gnu::always_inline]] inline int each_object(const LanePlan &plan, int first, Body body) {
+    const int count = plan.count;
+    const bool in_doubt = plan.doubts != 0;
+    int n = first;
+    for (; n < count; ++n) {
+        if (in_doubt && !object_is_safe(plan, n)) break;
+        body(n);
+    }
+    return n;
+}
+
 // Calls f(T{}, Side<n>{}) for a plan's element type and a side of 3 to 6; else nothing is done.
 template <class F>
 [[gnu::always_inline]] inline int by_type_and_side(const LanePlan &plan, int element, int side, int first, F f) {

@@ -1,5 +1,7 @@
 #include "frame_lanes.hpp"
 
+#include "lanes_lists.hpp"
+
 #include <limits.h>
 #include <stdint.h>
 
@@ -101,36 +103,37 @@ Address object_address(const LaneOperand &o, int n) {
     return reinterpret_cast<Address>(o.base) + (o.single ? 0 : n * o.stride0);
 }
 
-// The loops over whole lists below gather sign bits instead of branching, so that they cost little beside the work.
-// Does every object of a list start at least `gap` bytes behind the one before it?
-// (The loops over lists gather sign bits instead of branching: they must cost little beside the work.)
-bool ascends(const LaneOperand &o, ptrdiff_t gap, int count) {
-    const Address *const list = reinterpret_cast<const Address *>(o.table);
-    ptrdiff_t signs = 0;
-    for (int n = 1; n < count; ++n) signs |= list[n] - list[n - 1] - gap;
-    return signs >= 0;
+const Address *addresses(const LaneOperand &list) {
+    return reinterpret_cast<const Address *>(list.table);
 }
 
-// Where the objects of a call lie, if that is known without looking at each.
-bool known_span(const LaneOperand &o, int count, Address &low, Address &high) {
-    if (o.addressing == Addressing::list && !ascends(o, 0, count)) return false;
-    low = object_address(o, 0);
-    high = object_address(o, o.single ? 0 : count - 1) + strided_extent(o);
-    return true;
+// The bytes of all objects of a call lie in [low, high).
+struct Span {
+    Address low, high;
+};
+Span span(const LaneOperand &o, int count) {
+    Address low = object_address(o, 0), high = low;
+    if (o.addressing == Addressing::list) {
+        SMX_ON_LANES(list_bounds, addresses(o), count, low, high);
+        low += o.shift;
+        high += o.shift;
+    } else if (!o.single) {
+        high = object_address(o, count - 1);
+    }
+    return {low, high + strided_extent(o)};
 }
 
 // Source and result objects of a whole call, at least one of them a list. Settles the usual cases: all sources away
 // from all results, both in ascending order side by side (fields of the same structs, say), or in place.
-bool list_pair_is_safe(const LaneOperand &s, const LaneOperand &d, bool in_place_fine, int count) {
+bool list_pair_is_safe(const LaneOperand &s, const LaneOperand &d, const Span &all_d, bool in_place_fine, int count) {
     if (s.addressing == Addressing::pointers || d.addressing == Addressing::pointers) return false;
-    Address low_s, high_s, low_d, high_d;
-    if (!known_span(s, count, low_s, high_s) || !known_span(d, count, low_d, high_d)) return false;
-    if (high_s <= low_d || high_d <= low_s) return true;
+    const Span all_s = span(s, count);
+    if (all_s.high <= all_d.low || all_d.high <= all_s.low) return true;
     if (s.addressing != Addressing::list || d.addressing != Addressing::list) return false;
-    const Address *const from = reinterpret_cast<const Address *>(s.table);
-    const Address *const to = reinterpret_cast<const Address *>(d.table);
+    const Address *const from = addresses(s), *const to = addresses(d);
     const ptrdiff_t extent_s = strided_extent(s), extent_d = strided_extent(d), shift = d.shift - s.shift;
     ptrdiff_t source_first = to[0] - from[0] + shift - extent_s, result_first = from[0] - to[0] - shift - extent_d;
+    // signs are gathered, as in the other loops over lists
     ptrdiff_t apart_from_same = to[0] - from[0] + shift;
     for (int n = 1; n < count; ++n) {
         const ptrdiff_t distance = to[n] - from[n] + shift;
@@ -144,7 +147,7 @@ bool list_pair_is_safe(const LaneOperand &s, const LaneOperand &d, bool in_place
 // Do different objects of a result stay out of each other's way within a group?
 Verdict result_alone(const LaneOperand &d, int width, int count) {
     if (d.addressing == Addressing::list)
-        return ascends(d, strided_extent(d), count) ? Verdict::always : Verdict::by_group;
+        return SMX_ON_LANES(list_ascends, addresses(d), count, strided_extent(d)) ? Verdict::always : Verdict::by_group;
     const Footprint f = footprint(d);
     if (f.stride0 >= f.extent) return Verdict::always;
     if (f.stride0 == d.element) return lane_rows_apart(d, d, width, false) ? Verdict::always : Verdict::never;
@@ -155,10 +158,10 @@ ptrdiff_t floor_divide(ptrdiff_t a, ptrdiff_t b) {
     return a / b - (a % b < 0);
 }
 
-Verdict pair(const LaneSource &source, const LaneOperand &d, int width, int count) {
+Verdict pair(const LaneSource &source, const LaneOperand &d, const Span &all_d, int width, int count) {
     const LaneOperand &s = source.operand;
     if (s.addressing == Addressing::list || d.addressing == Addressing::list)
-        return list_pair_is_safe(s, d, fine_in_place(source, d), count) ? Verdict::always : Verdict::by_group;
+        return list_pair_is_safe(s, d, all_d, fine_in_place(source, d), count) ? Verdict::always : Verdict::by_group;
     const Footprint fs = footprint(s), fd = footprint(d);
     const ptrdiff_t span_s = fs.extent + (count - 1) * fs.stride0, span_d = fd.extent + (count - 1) * fd.stride0;
     if (apart(fs.low, span_s, fd.low, span_d)) return Verdict::always;
@@ -180,68 +183,62 @@ Verdict pair(const LaneSource &source, const LaneOperand &d, int width, int coun
 
 void judge(LanePlan &plan) {
     plan.verdict = Verdict::never;
+    plan.doubts = 0;
     int width = 2;
     for (int i = 0; i < plan.results; ++i) {
         const int lanes = lane_bytes() / plan.result[i].element;
         width = lanes > width ? lanes : width;
     }
     if (plan.count < 2 || instruction_set() == InstructionSet::sequential) return;
-    Verdict verdict = Verdict::always;
-    const auto note = [&](Verdict found) {
-        if (found == Verdict::never || verdict == Verdict::never) verdict = Verdict::never;
-        else if (found == Verdict::by_group) verdict = Verdict::by_group;
+    bool never = false;
+    const auto note = [&](Verdict found, unsigned doubt) {
+        never = never || found == Verdict::never;
+        if (found == Verdict::by_group) plan.doubts |= doubt;
     };
-    for (int i = 0; i < plan.results && verdict != Verdict::never; ++i) {
-        note(result_alone(plan.result[i], width, plan.count));
-        for (int j = 0; j < plan.sources && verdict != Verdict::never; ++j)
-            note(pair(plan.source[j], plan.result[i], width, plan.count));
+    for (int i = 0; i < plan.results && !never; ++i) {
+        const LaneOperand &d = plan.result[i];
+        const Span all_d = d.addressing == Addressing::pointers ? Span{} : span(d, plan.count);
+        note(result_alone(d, width, plan.count), doubt_alone(i));
+        for (int j = 0; j < plan.sources && !never; ++j)
+            note(pair(plan.source[j], d, all_d, width, plan.count), doubt_source(i, j));
         // Two results of one call must not meet at all.
-        for (int j = 0; j < i && verdict != Verdict::never; ++j)
-            note(pair({plan.result[j], SameObject::none}, plan.result[i], width, plan.count));
+        for (int j = 0; j < i && !never; ++j)
+            note(pair({plan.result[j], SameObject::none}, d, all_d, width, plan.count), doubt_results(i, j));
     }
-    plan.verdict = verdict;
+    if (!never) plan.verdict = plan.doubts != 0 ? Verdict::by_group : Verdict::always;
 }
 
 namespace {
 
-// The lowest and highest address of a group of objects, and whether they ascend without touching.
-struct Range {
-    Address low, high;
-    bool ascending;
-};
-Range range(const LaneOperand &o, int first, int width, ptrdiff_t extent) {
-    Range r{object_address(o, first), 0, true};
-    r.high = r.low;
-    Address before = r.low;
-    for (int l = 1; l < width; ++l) {
-        const Address at = object_address(o, first + l);
-        r.ascending = r.ascending && at - before >= extent;
-        r.low = at < r.low ? at : r.low;
-        r.high = at > r.high ? at : r.high;
-        before = at;
-    }
-    r.high += extent;
-    return r;
+constexpr int most_lanes = 16;
+
+// Negative if the bytes [a, a + extent_a) and [b, b + extent_b) have none in common.
+ptrdiff_t apart_sign(Address a, ptrdiff_t extent_a, Address b, ptrdiff_t extent_b) {
+    return (a - b + extent_a - 1) | (b - a + extent_b - 1);
 }
 
-bool group_pair_is_safe(const LaneOperand &s, const LaneOperand &d, bool in_place_fine, bool self, int first,
-                        int width) {
+bool meets_nothing_of_its_own(const LaneOperand &d, int first, int width) {
+    const ptrdiff_t extent = strided_extent(d);
+    Address address[most_lanes];
+    for (int l = 0; l < width; ++l) address[l] = object_address(d, first + l);
+    ptrdiff_t signs = -1;
+    for (int l = 1; l < width; ++l)
+        for (int m = 0; m < l; ++m) signs &= apart_sign(address[l], extent, address[m], extent);
+    return signs < 0;
+}
+
+bool meets_no_other(const LaneOperand &s, const LaneOperand &d, bool in_place_fine, int first, int width) {
     const ptrdiff_t extent_s = strided_extent(s), extent_d = strided_extent(d);
-    const Range rd = range(d, first, width, extent_d);
-    if (self) {
-        if (rd.ascending) return true;
-    } else {
-        const Range rs = range(s, first, s.single ? 1 : width, extent_s);
-        if (rs.high <= rd.low || rd.high <= rs.low) return true;
-    }
+    Address from[most_lanes], to[most_lanes];
     for (int l = 0; l < width; ++l) {
-        const Address at = object_address(d, first + l);
-        for (int m = 0; m < width; ++m) {
-            if (l == m && (self || in_place_fine)) continue;
-            if (!apart(at, extent_d, object_address(s, first + m), extent_s)) return false;
-        }
+        from[l] = object_address(s, first + l);
+        to[l] = object_address(d, first + l);
     }
-    return true;
+    ptrdiff_t signs = -1;
+    for (int l = 0; l < width; ++l)
+        for (int m = 0; m < width; ++m)
+            if (l != m || !in_place_fine) signs &= apart_sign(to[l], extent_d, from[m], extent_s);
+    return signs < 0;
 }
 
 } // namespace
@@ -249,16 +246,21 @@ bool group_pair_is_safe(const LaneOperand &s, const LaneOperand &d, bool in_plac
 bool group_is_safe(const LanePlan &plan, int first, int width) {
     for (int i = 0; i < plan.results; ++i) {
         const LaneOperand &d = plan.result[i];
-        if (d.addressing == Addressing::list && !group_pair_is_safe(d, d, false, true, first, width)) return false;
-        for (int j = 0; j < plan.sources; ++j) {
-            const LaneOperand &s = plan.source[j].operand;
-            if (s.addressing != Addressing::list && d.addressing != Addressing::list) continue;
-            if (!group_pair_is_safe(s, d, fine_in_place(plan.source[j], d), false, first, width)) return false;
-        }
+        if ((plan.doubts & doubt_alone(i)) && !meets_nothing_of_its_own(d, first, width)) return false;
+        for (int j = 0; j < plan.sources; ++j)
+            if ((plan.doubts & doubt_source(i, j)) &&
+                !meets_no_other(plan.source[j].operand, d,
+                                !plan.source[j].operand.single && fine_in_place(plan.source[j], d), first, width))
+                return false;
         for (int j = 0; j < i; ++j)
-            if (!group_pair_is_safe(plan.result[j], d, false, false, first, width)) return false;
+            if ((plan.doubts & doubt_results(i, j)) && !meets_no_other(plan.result[j], d, false, first, width))
+                return false;
     }
     return true;
+}
+
+bool object_is_safe(const LanePlan &plan, int n) {
+    return plan.doubts == 0 || group_is_safe(plan, n, 1);
 }
 
 } // namespace smx

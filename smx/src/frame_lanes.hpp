@@ -24,6 +24,17 @@ enum class Verdict {
     by_group // lists: group_is_safe() must be asked
 };
 
+// What a list's groups have yet to be asked, a bit each: does result i meet itself, or source or earlier result j?
+constexpr unsigned doubt_alone(int result) {
+    return 1u << result;
+}
+constexpr unsigned doubt_source(int result, int source) {
+    return 1u << (4 + 4 * result + source);
+}
+constexpr unsigned doubt_results(int result, int earlier) {
+    return 1u << (20 + 3 * (result - 1) + earlier);
+}
+
 struct LaneSource {
     LaneOperand operand;
     SameObject same_object;
@@ -36,12 +47,15 @@ struct LanePlan {
     int results;
     int count;
     Verdict verdict;
+    unsigned doubts;
 };
 
 // Fills in the verdict for the widest group of the chosen instruction set.
 void judge(LanePlan &plan);
 // May the objects first .. first + width - 1 be loaded before any of them is stored?
 bool group_is_safe(const LanePlan &plan, int first, int width);
+// May object n be loaded whole before it is stored?
+bool object_is_safe(const LanePlan &plan, int n);
 
 inline namespace SMX_ISA {
 

@@ -79,20 +79,13 @@ int square(const LanePlan &plan, int first) {
                !x.o.transposed;
     };
     if (by_rows(a) && by_rows(b) && by_rows(d)) {
-        const bool dense = a.dense && b.dense && d.dense;
-        return each_group<T>(plan, first, [&](int n) {
-            const Byte *x[Access::W], *y[Access::W], *z[Access::W];
-            a.rows_of(n, x);
-            b.rows_of(n, y);
-            d.rows_of(n, z);
-            if (dense)
-                for (int l = 0; l < Access::W; ++l) run<Op, T, N * N>(x[l], y[l], z[l]);
-            else
-                for (int l = 0; l < Access::W; ++l)
+        const ObjectStarts x(a.o), y(b.o), z(d.o);
+        if (a.dense && b.dense && d.dense)
+            return each_object(plan, first, [&](int n) { run<Op, T, N * N>(x[n], y[n], z[n]); });
+        const std::ptrdiff_t a_row = a.o.stride1, b_row = b.o.stride1, d_row = d.o.stride1;
+        return each_object(plan, first, [&](int n) {
 #pragma GCC unroll 6
-                    for (int i = 0; i < N; ++i)
-                        run<Op, T, N>(x[l] + i * a.o.stride1, y[l] + i * b.o.stride1, z[l] + i * d.o.stride1);
-            return true;
+            for (int i = 0; i < N; ++i) run<Op, T, N>(x[n] + i * a_row, y[n] + i * b_row, z[n] + i * d_row);
         });
     }
     return each_group<T>(plan, first, [&](int n) {

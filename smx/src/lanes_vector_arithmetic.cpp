@@ -21,7 +21,8 @@ bool packed(const LaneOperand &o) {
 
 // `bytes` of adjacent elements.
 template <Arithmetic operation, class T, bool vectors>
-[[gnu::always_inline]] inline void run(const Byte *a, const Byte *b, T constant, const Byte *out, std::ptrdiff_t bytes) {
+[[gnu::always_inline]] inline void run(const Byte *a, const Byte *b, T constant, const Byte *out,
+                                       std::ptrdiff_t bytes) {
     const Pack<T> constants(constant);
     std::ptrdiff_t e = 0;
     for (; e + pack_bytes <= bytes; e += pack_bytes)
@@ -38,7 +39,8 @@ template <int N, int k, class T>
     constexpr int W = Pack<T>::width;
     return [&]<int... l>(std::integer_sequence<int, l...>) {
         return Pack<T>(__builtin_shufflevector(from.v, from.v, (k * W + l) / N...));
-    }(std::make_integer_sequence<int, W>{});
+    }
+    (std::make_integer_sequence<int, W>{});
 }
 
 // Groups of packed objects, W times N adjacent elements, beside single vectors and constants.
@@ -48,7 +50,7 @@ int packed_groups(const LanePlan &plan, T constant, int first) {
     const LaneOperand &a = plan.source[0].operand, &d = plan.result[0];
     const LaneOperand &b = plan.source[second == Second::value ? 0 : 1].operand;
     // A single vector, repeated over N packs.
-    const auto repeated = [](const LaneOperand &o, Pack<T> (&out)[N]) {
+    const auto repeated = [](const LaneOperand &o, Pack<T>(&out)[N]) {
         T values[N * W];
         const LaneAccess<T, 1, N> access(o);
         for (int e = 0; e < N * W; ++e) values[e] = load_element<T>(access.address(0, 0, e % N));
@@ -61,7 +63,7 @@ int packed_groups(const LanePlan &plan, T constant, int first) {
         for (int k = 0; k < N; ++k) y[k] = Pack<T>(constant);
     const LaneAccess<T, 1, 1> numbers(b);
     return each_group<T>(plan, first, [&](int n) {
-        const auto load = [&](const LaneOperand &o, Pack<T> (&out)[N]) {
+        const auto load = [&](const LaneOperand &o, Pack<T>(&out)[N]) {
             const Byte *const from = at(o.base, n * o.stride0);
 #pragma GCC unroll 6
             for (int k = 0; k < N; ++k) out[k] = load_pack<T>(from + k * pack_bytes);
@@ -73,7 +75,8 @@ int packed_groups(const LanePlan &plan, T constant, int first) {
             numbers.load(n, &number);
             [&]<int... k>(std::integer_sequence<int, k...>) {
                 ((y[k] = spread<N, k>(number)), ...);
-            }(std::make_integer_sequence<int, N>{});
+            }
+            (std::make_integer_sequence<int, N>{});
         }
         const Byte *const to = at(d.base, n * d.stride0);
 #pragma GCC unroll 6
@@ -133,13 +136,13 @@ int compute(const LanePlan &plan, double value, int first) {
     if ((second != Second::constants || d.columns == 1) && packed(a) && packed(b) && packed(d)) {
         const std::ptrdiff_t done = first * d.stride0;
         run<operation, T, second != Second::value>(at(a.base, done), at(b.base, done), constant, at(d.base, done),
-                                                     (plan.count - first) * d.stride0);
+                                                   (plan.count - first) * d.stride0);
         return plan.count;
     }
     int done = first;
     if (!with_side(d.columns, [&]<int N>(Side<N>) {
-            const bool in_runs = packed(d) && (packed(a) || a.single) &&
-                                 (second != Second::vectors || packed(b) || b.single);
+            const bool in_runs =
+                packed(d) && (packed(a) || a.single) && (second != Second::vectors || packed(b) || b.single);
             done = in_runs ? packed_groups<operation, T, N, second>(plan, constant, first)
                            : groups<operation, T, N, second>(plan, constant, first);
         }))

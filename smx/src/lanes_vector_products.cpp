@@ -31,7 +31,8 @@ int cross(const LanePlan &plan, int first) {
         a.load(n, x);
         b.load(n, y);
         for (int i = 0; i < 3; ++i)
-            z[i] = cross_element(i, [&](int p) { return x[p]; }, [&](int p) { return y[p]; });
+            z[i] = cross_element(
+                i, [&](int p) { return x[p]; }, [&](int p) { return y[p]; });
         dst.store(n, z);
         return true;
     });
@@ -40,13 +41,13 @@ int cross(const LanePlan &plan, int first) {
 } // namespace
 
 int dot_product_lanes(const LanePlan &plan, bool tail_second, int first) {
-    return by_type_and_side(
-        plan, plan.result[0].element, plan.source[0].operand.columns, first, [&](auto zero, auto side) {
-            using T = decltype(zero);
-            constexpr int N = decltype(side)::value;
-            return tail_second ? dot<SumOrder::dot_tail_second, T, N>(plan, first)
-                               : dot<SumOrder::ascending, T, N>(plan, first);
-        });
+    return by_type_and_side(plan, plan.result[0].element, plan.source[0].operand.columns, first,
+                            [&](auto zero, auto side) {
+                                using T = decltype(zero);
+                                constexpr int N = decltype(side)::value;
+                                return tail_second ? dot<SumOrder::dot_tail_second, T, N>(plan, first)
+                                                   : dot<SumOrder::ascending, T, N>(plan, first);
+                            });
 }
 int cross_product_lanes(const LanePlan &plan, int first) {
     return plan.result[0].element == sizeof(float) ? cross<float>(plan, first) : cross<double>(plan, first);

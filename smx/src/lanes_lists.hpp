@@ -1,0 +1,11 @@
+// Looking through the addresses of a list, for the verdict on a call: it must cost little beside the work itself.
+#pragma once
+
+#include <cstdint>
+
+#include "frame_isa.hpp"
+
+// The lowest and the highest of `count` addresses.
+SMX_DECLARE_LANES(void, list_bounds, const std::intptr_t *list, int count, std::intptr_t &low, std::intptr_t &high)
+// Does every address but the first lie at least `gap` bytes behind the one before it?
+SMX_DECLARE_LANES(bool, list_ascends, const std::intptr_t *list, int count, std::intptr_t gap)
