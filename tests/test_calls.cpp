@@ -5,6 +5,7 @@
 #include <omp.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "members.hpp"
 #include "recorder.hpp"
@@ -23,11 +24,35 @@ struct Arguments {
     std::map<std::string, void *> pointers;
 };
 
-Arguments arguments(const Member &m, int size, int count, bool adjacent) {
+// Sizes that fit together: `rows` of the first matrix as it is used, `inner` columns of it, `columns` of the product;
+// a side, or the length of a vector, is `inner`.
+struct Sizes {
+    int rows, inner, columns;
+};
+constexpr Sizes different = {4, 3, 5};
+
+int size_of(const Member &m, const std::string &argument, const Sizes &s) {
+    const std::string code = rules::code(m);
+    const bool t1 = code[0] == 't', t2 = code.find_last_of('t') != code.npos && code.find_last_of('t') > 0;
+    const std::map<std::string, int> sizes = {{"src1Width", t1 ? s.rows : s.inner},
+                                              {"src1Height", t1 ? s.inner : s.rows},
+                                              {"src2Width", t2 ? s.inner : s.columns},
+                                              {"src2Height", t2 ? s.columns : s.inner},
+                                              {"src2Len", s.inner},
+                                              {"src3Len", s.rows},
+                                              {"width", s.inner},
+                                              {"height", s.rows},
+                                              {"len", s.inner},
+                                              {"widthHeight", s.inner}};
+    return sizes.at(argument);
+}
+
+Arguments arguments(const Member &m, const Sizes &sizes, int count, bool adjacent) {
     Arguments a;
     for (const Argument &argument : m.arguments()) {
         if (argument.type == ArgumentType::pointer) a.pointers[argument.name] = somewhere;
-        else if (argument.operand->structure == Structure::size) a.integers[argument.name] = size;
+        else if (argument.operand->structure == Structure::size)
+            a.integers[argument.name] = size_of(m, argument.name, sizes);
         else if (argument.operand->structure == Structure::count) a.integers[argument.name] = count;
         else if (argument.name.find("RoiShift") != std::string::npos) a.integers[argument.name] = 0;
         else if (argument.name.find("Stride2") != std::string::npos)
@@ -56,6 +81,40 @@ int bound_of(const Member &m, const rules::Bound &b, bool adjacent) {
     return adjacent ? b.strided[type] : b.s2[type];
 }
 
+// The rank of rows, inner and columns among the three sizes; first all alike.
+constexpr int orders[][3] = {{0, 0, 0}, {0, 1, 2}, {0, 2, 1}, {1, 0, 2}, {1, 2, 0}, {2, 0, 1}, {2, 1, 0}};
+
+// The nearest works that sizes up to 12 in this order can reach: below the bound, at it and above. So close to it, work
+// that is counted with another size in place of one lies on the other side.
+std::vector<std::pair<Sizes, int>> nearest(const Member &m, const rules::Bound &b, int bound, const int *order) {
+    std::pair<Sizes, int> best[3]; // below, at, above
+    long long distance[3] = {1LL << 40, 1LL << 40, 1LL << 40};
+    const auto look = [&](const Sizes &sizes) {
+        const auto work = [&](long long n) { return b.work(sizes.rows, sizes.inner, sizes.columns, n); };
+        // Work grows evenly with the objects.
+        const long long last = (bound - work(1)) / (work(2) - work(1)) + 1;
+        for (long long n = std::max(last - 1, 1LL); n <= std::max(last, 0LL) + 1; ++n) {
+            const long long away = work(n) - bound;
+            const int side = away < 0 ? 0 : away == 0 ? 1 : 2;
+            if (std::abs(away) < distance[side])
+                distance[side] = std::abs(away), best[side] = {sizes, static_cast<int>(n)};
+        }
+    };
+    const int least = rules::operation(m) == "Invert" ? 2 : 1; // side 1 is done before
+    const bool high = rules::starts(m.row->name, "QR");        // no wider than high
+    for (int x = least; x <= 12; ++x)
+        for (int y = x + 1; y <= 12; ++y)
+            for (int z = y + 1; z <= 12; ++z) {
+                const int by_magnitude[3] = {x, y, z};
+                const Sizes sizes = {by_magnitude[order[0]], by_magnitude[order[1]], by_magnitude[order[2]]};
+                if (!high || sizes.inner <= sizes.rows) look(sizes);
+            }
+    std::vector<std::pair<Sizes, int>> found;
+    for (const int side : {0, 1, 2})
+        if (distance[side] < 1LL << 40) found.push_back(best[side]);
+    return found;
+}
+
 } // namespace
 
 TEST(Calls, WorkBelowAtAndAboveTheBound) {
@@ -68,25 +127,15 @@ TEST(Calls, WorkBelowAtAndAboveTheBound) {
             const int bound = bound_of(m, *b, adjacent);
             const std::string kernel = adjacent || m.layout == Layout::pointers ? m.kernel() : m.kernel_s2();
             int below = 0, above = 0;
-            // The nearest works that sizes up to 12 can reach, on both sides and at the bound itself.
-            for (long long nearest : {-1LL, 0LL, 1LL}) {
-                long long best_work = nearest < 0 ? 0 : 1LL << 40;
-                int size = 0, count = 0;
-                for (int s = m.row->name.rfind("Invert", 0) == 0 ? 2 : 1; s <= 12; ++s)
-                    for (int n = 1; n <= bound + 2; ++n) {
-                        const long long work = b->work(s, n);
-                        const bool fits = nearest < 0    ? work < bound && work > best_work
-                                          : nearest == 0 ? work == bound
-                                                         : work > bound && work < best_work;
-                        if (fits || (nearest < 0 && size == 0 && work < bound)) best_work = work, size = s, count = n;
-                        if (work > bound) break;
-                    }
-                if (size == 0) continue;
-                const bool driver = b->at_least ? best_work >= bound : best_work > bound;
-                (driver ? above : below) += 1;
-                ASSERT_EQ(reached(m, arguments(m, size, count, adjacent)), driver ? m.driver() : kernel)
-                    << m.name() << " work " << best_work << " bound " << bound;
-            }
+            for (const int *const order : orders)
+                for (const auto &[sizes, count] : nearest(m, *b, bound, order)) {
+                    const long long work = b->work(sizes.rows, sizes.inner, sizes.columns, count);
+                    const bool driver = b->at_least ? work >= bound : work > bound;
+                    (driver ? above : below) += 1;
+                    ASSERT_EQ(reached(m, arguments(m, sizes, count, adjacent)), driver ? m.driver() : kernel)
+                        << m.name() << " work " << work << " bound " << bound << " of " << sizes.rows << " by "
+                        << sizes.inner << " by " << sizes.columns << ", " << count << " objects";
+                }
             EXPECT_GE(above, 1) << m.name();
             if (bound > 6) {
                 EXPECT_GE(below, 1) << m.name();
@@ -102,7 +151,7 @@ TEST(Calls, AnySingleStrideSelectsTheGeneralTier) {
         threads_omp_of_n_smk = 1;
         for (const Argument &argument : m.arguments()) {
             if (argument.name.find("Stride2") == std::string::npos) continue;
-            Arguments a = arguments(m, 3, 1, true);
+            Arguments a = arguments(m, different, 1, true);
             a.integers[argument.name] *= 2;
             const std::string found = reached(m, a);
             // The smallest products go to the driver already.
@@ -144,7 +193,7 @@ TEST(Calls, SharesOfTheThreads) {
                 for (const bool adjacent : {true, false}) {
                     if (!adjacent && m.layout == Layout::pointers) continue;
                     threads_omp_of_n_smk = threads;
-                    const std::vector<RecordedCall> calls = drive(m, arguments(m, 3, count, adjacent));
+                    const std::vector<RecordedCall> calls = drive(m, arguments(m, different, count, adjacent));
                     const int shares = threads <= 1 || count < threads ? 1 : threads;
                     ASSERT_EQ(calls.size(), static_cast<std::size_t>(shares))
                         << m.name() << " T " << threads << " count " << count;
@@ -172,7 +221,7 @@ TEST(Calls, SharesOfTheThreads) {
 TEST(Calls, AShiftThatDoesNotFitIsNotHandedOn) {
     const Member &m = find("smxAdd_mama_64f_P");
     threads_omp_of_n_smk = 2;
-    Arguments a = arguments(m, 3, 4, true);
+    Arguments a = arguments(m, different, 4, true);
     a.integers["src1Stride0"] = 0x40000000;
     EXPECT_EQ(drive(m, a).size(), 1u);
     a.integers["src1Stride0"] = 0x20000000;
@@ -189,7 +238,7 @@ TEST(Calls, ANestedCallDoesItsFirstShareOnly) {
 #pragma omp parallel num_threads(2)
     {
 #pragma omp critical(one_caller) // an unnamed one is the lock that the driver takes itself
-        calls = drive(m, arguments(m, 3, 10, true));
+        calls = drive(m, arguments(m, different, 10, true));
     }
     ASSERT_EQ(calls.size(), 1u);
     EXPECT_EQ(calls[0].first, somewhere);
@@ -199,6 +248,7 @@ TEST(Calls, ANestedCallDoesItsFirstShareOnly) {
 // Work figures wrap: a call whose work is negative that way takes its kernel.
 TEST(Calls, WorkWraps) {
     const Member &m = find("smxMul_mama_64f");
-    EXPECT_EQ(reached(m, arguments(m, 20000, 2, true)), m.kernel()); // 2 400 000 000 is negative as an int
-    EXPECT_EQ(reached(m, arguments(m, 20000, 1, true)), m.driver());
+    EXPECT_EQ(reached(m, arguments(m, {20000, 20000, 20000}, 2, true)),
+              m.kernel()); // 2 400 000 000 is negative as an int
+    EXPECT_EQ(reached(m, arguments(m, {20000, 20000, 20000}, 1, true)), m.driver());
 }
