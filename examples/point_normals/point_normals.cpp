@@ -265,7 +265,7 @@ int run(const Options &options) {
                 rate(around.inLibrary), rate(axes.inLibrary));
     bool good = surface.without == 0;
     if (options.checkSphere) {
-        std::vector<double> reach = around.reach, curvature = surface.curvature;
+        std::vector<double> reach = around.reach;
         for (double &r : reach) r *= unit;
         Surface inUnits = surface;
         for (double &c : inUnits.curvature) c /= unit;
