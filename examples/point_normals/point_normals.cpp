@@ -31,7 +31,8 @@ Finds the normal and the curvature of the surface that a point cloud was taken f
   --normals FILE         picture by normal (default: normals.png; none: no picture)
   --curvature FILE       picture by mean curvature (default: curvature.png; none: no picture)
   --ply FILE             writes points, normals, mean curvature and surface variation (default: none)
-  --outward              turns the normals away from the middle of the cloud, not towards the eye
+  --outward              turns the normals away from the middle of the cloud, not towards the eye: right where the
+                         middle would see every point
   --azimuth DEGREES      where the eye stands round the cloud (default: 20)
   --elevation DEGREES    and how high (default: 25)
   --z-up                 the cloud's z axis is up, not its y axis
