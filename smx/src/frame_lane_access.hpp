@@ -409,14 +409,9 @@ struct ObjectStarts {
 // same object matters.
 template <class Body>
 [[gnu::always_inline]] inline int each_object(const LanePlan &plan, int first, Body body) {
-    const int count = plan.count;
-    const bool in_doubt = plan.doubts != 0;
-    int n = first;
-    for (; n < count; ++n) {
-        if (in_doubt && !object_is_safe(plan, n)) break;
-        body(n);
-    }
-    return n;
+    const int last = safe_alone_until(plan, first);
+    for (int n = first; n < last; ++n) body(n);
+    return last;
 }
 
 // Calls f(T{}, Side<n>{}) for a plan's element type and a side of 3 to 6; else nothing is done.

@@ -259,8 +259,13 @@ bool group_is_safe(const LanePlan &plan, int first, int width) {
     return true;
 }
 
-bool object_is_safe(const LanePlan &plan, int n) {
-    return plan.doubts == 0 || group_is_safe(plan, n, 1);
+int safe_alone_until(const LanePlan &plan, int first) {
+    unsigned alone = 0;
+    for (int i = 0; i < plan.results; ++i) alone |= doubt_alone(i);
+    if ((plan.doubts & ~alone) == 0) return plan.count;
+    int n = first;
+    while (n < plan.count && group_is_safe(plan, n, 1)) ++n;
+    return n;
 }
 
 } // namespace smx

@@ -54,8 +54,8 @@ struct LanePlan {
 void judge(LanePlan &plan);
 // May the objects first .. first + width - 1 be loaded before any of them is stored?
 bool group_is_safe(const LanePlan &plan, int first, int width);
-// May object n be loaded whole before it is stored?
-bool object_is_safe(const LanePlan &plan, int n);
+// The first object from `first` on that may not be loaded whole before it is stored.
+int safe_alone_until(const LanePlan &plan, int first);
 
 inline namespace SMX_ISA {
 

@@ -136,7 +136,7 @@ requires(pack_bytes > 4 * static_cast<int>(sizeof(T))) struct Together<T, 4> {
 #endif
     }
     V second[4];
-    void read_second(const Byte *b) {
+    explicit Together(const Byte *b) {
         for (int p = 0; p < 4; ++p) second[p] = row(b + p * 4 * static_cast<int>(sizeof(T)));
     }
     template <bool from_zero>
@@ -171,7 +171,7 @@ struct Together<float, 3> {
         return _mm512_permutexvar_ps(_mm512_setr_epi32(i, j, k, i, j, k, i, j, k, 0, 0, 0, 0, 0, 0, 0), x);
     }
     V second[3];
-    void read_second(const Byte *b) {
+    explicit Together(const Byte *b) {
         const V x = _mm512_maskz_loadu_ps(mask, b);
         second[0] = row<0>(x);
         second[1] = row<1>(x);
@@ -204,19 +204,23 @@ int product(const LanePlan &plan, int first) {
         const bool second_once = b.o.single;
         if constexpr (Together<T, N>::exists)
             if (a.way == Access::Way::rows && a.dense && b.dense && d.dense && !a.o.transposed) {
-                Together<T, N> together;
-                if (second_once) together.read_second(y[0]);
-                return each_object(plan, first, [&](int n) {
-                    if (!second_once) together.read_second(y[n]);
-                    together.template product<from_zero>(x[n], z[n]);
-                });
+                const Together<T, N> once(y[0]);
+                if (second_once)
+                    return each_object(plan, first, [&](int n) { once.template product<from_zero>(x[n], z[n]); });
+                return each_object(plan, first,
+                                   [&](int n) { Together<T, N>(y[n]).template product<from_zero>(x[n], z[n]); });
             }
         const std::ptrdiff_t a_row = a.o.transposed ? a.o.stride2 : a.o.stride1;
         const std::ptrdiff_t a_column = a.o.transposed ? a.o.stride1 : a.o.stride2;
-        Row<T, N> second[N] = {};
-        if (second_once) read_rows<T, N>(y[0], b_row, second);
+        if (second_once) {
+            Row<T, N> second[N];
+            read_rows<T, N>(y[0], b_row, second);
+            return each_object(
+                plan, first, [&](int n) { rows_product<T, N, from_zero>(x[n], a_row, a_column, second, z[n], d_row); });
+        }
         return each_object(plan, first, [&](int n) {
-            if (!second_once) read_rows<T, N>(y[n], b_row, second);
+            Row<T, N> second[N];
+            read_rows<T, N>(y[n], b_row, second);
             rows_product<T, N, from_zero>(x[n], a_row, a_column, second, z[n], d_row);
         });
     }
