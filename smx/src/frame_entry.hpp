@@ -45,7 +45,7 @@ constexpr SmxStatus failed(Check check, const Operands &...o) {
 
 template <class T, const Rules &rules, Layout layout>
 constexpr Check step(int i) {
-    const Order &order = sizeof(T) == 8 && rules.order_of_double != nullptr ? *rules.order_of_double : rules.order;
+    const Order &order = sizeof(T) == 8 ? rules.order_of_double : rules.order;
     return layout == Layout::strided    ? order.strided[i]
            : layout == Layout::pointers ? order.pointers[i]
                                         : order.list[i];

@@ -6,6 +6,8 @@
 // outside the described elements is read or written.
 #pragma once
 
+#include <utility>
+
 #include "frame_lanes.hpp"
 #include "frame_pack.hpp"
 
@@ -154,9 +156,8 @@ inline void store_part(const Byte *at, __m128 part) {
     }
 }
 
-// C elements at `offset` of each of the W rows. Where the rows are packed one behind the other, all but the last may be
-// read and written with the first elements of the next row, which comes right after.
-template <class T, int C, bool packed = false>
+// C elements at `offset` of each of the W rows.
+template <class T, int C>
 [[gnu::always_inline]] inline void load_chunk(const Byte *const *rows, std::ptrdiff_t offset, Pack<T> *out) {
     constexpr int K = chunk_elements<T>;
     Wide x[K];
@@ -164,16 +165,14 @@ template <class T, int C, bool packed = false>
     for (int k = 0; k < K; ++k) {
         __m128 part[chunk_parts];
 #pragma GCC unroll 4
-        for (int q = 0; q < chunk_parts; ++q)
-            part[q] = packed && q * K + k != Pack<T>::width - 1 ? load_part<T, K>(rows[q * K + k] + offset)
-                                                                : load_part<T, C>(rows[q * K + k] + offset);
+        for (int q = 0; q < chunk_parts; ++q) part[q] = load_part<T, C>(rows[q * K + k] + offset);
         x[k] = join(part);
     }
     transpose_parts(x);
 #pragma GCC unroll 4
     for (int c = 0; c < C; ++c) out[c] = reinterpret_cast<typename Pack<T>::Vector>(x[c]);
 }
-template <class T, int C, bool packed = false>
+template <class T, int C>
 [[gnu::always_inline]] inline void store_chunk(const Byte *const *rows, std::ptrdiff_t offset, const Pack<T> *in) {
     constexpr int K = chunk_elements<T>;
     Wide x[K];
@@ -184,19 +183,16 @@ template <class T, int C, bool packed = false>
 #pragma GCC unroll 4
     for (int k = 0; k < K; ++k) split(x[k], part[k]);
 #pragma GCC unroll 16
-    for (int l = 0; l < Pack<T>::width; ++l) {
-        if (packed && l != Pack<T>::width - 1) store_part<T, K>(rows[l] + offset, part[l % K][l / K]);
-        else store_part<T, C>(rows[l] + offset, part[l % K][l / K]);
-    }
+    for (int l = 0; l < Pack<T>::width; ++l) store_part<T, C>(rows[l] + offset, part[l % K][l / K]);
 }
 #else
-template <class T, int C, bool packed = false>
+template <class T, int C>
 inline void load_chunk(const Byte *const *rows, std::ptrdiff_t offset, Pack<T> *out) {
     for (int c = 0; c < C; ++c)
         for (int l = 0; l < Pack<T>::width; ++l)
             out[c].v[l] = load_element<T>(rows[l] + offset + c * static_cast<std::ptrdiff_t>(sizeof(T)));
 }
-template <class T, int C, bool packed = false>
+template <class T, int C>
 inline void store_chunk(const Byte *const *rows, std::ptrdiff_t offset, const Pack<T> *in) {
     for (int c = 0; c < C; ++c)
         for (int l = 0; l < Pack<T>::width; ++l)
@@ -262,6 +258,101 @@ template <class T, int L, int first = 0>
     }
 }
 
+// ---- rearranging the elements of a few registers, where any lane can reach any other
+
+#if defined(__AVX2__)
+constexpr bool rearranges = true;
+
+// Register k of the result: its lane l is element Map::at(k W + l) of all elements of in[], register after register.
+template <class T, class Map, int k, int registers>
+struct Rearranged {
+    using V = typename Pack<T>::Vector;
+    static constexpr int W = Pack<T>::width;
+    static constexpr int wanted(int l) { return Map::at(k * W + l); }
+    // The next register from r on that gives a lane.
+    static constexpr int next(int r) {
+        for (; r < registers; ++r)
+            for (int l = 0; l < W; ++l)
+                if (wanted(l) / W == r) return r;
+        return registers;
+    }
+    // The lanes that come from register r are added to those that are there.
+    template <int r, int... l>
+    [[gnu::always_inline]] static V added(const Pack<T> *in, V there, std::integer_sequence<int, l...> lanes) {
+        if constexpr (r == registers) return there;
+        else
+            return added<next(r + 1)>(
+                in, __builtin_shufflevector(there, in[r].v, (wanted(l) / W == r ? W + wanted(l) % W : l)...), lanes);
+    }
+    template <int... l>
+    [[gnu::always_inline]] static V of(const Pack<T> *in, std::integer_sequence<int, l...> lanes) {
+        constexpr int r = next(0), second = next(r + 1), s = second == registers ? r : second;
+        const V two = __builtin_shufflevector(in[r].v, in[s].v,
+                                              (wanted(l) / W == r   ? wanted(l) % W
+                                               : wanted(l) / W == s ? W + wanted(l) % W
+                                                                    : l)...);
+        return added<next(s + 1)>(in, two, lanes);
+    }
+};
+
+template <class T, class Map, int registers, int... k>
+[[gnu::always_inline]] inline void rearrange(const Pack<T> *in, Pack<T> *out, std::integer_sequence<int, k...>) {
+    constexpr auto lanes = std::make_integer_sequence<int, Pack<T>::width>{};
+    ((out[k] = Rearranged<T, Map, k, registers>::of(in, lanes)), ...);
+}
+
+// Objects of L elements side by side, W of them in L registers, and one pack an element; the other is the way back.
+template <class T, int L>
+struct TakeApart {
+    static constexpr int at(int e) { return e % Pack<T>::width * L + e / Pack<T>::width; }
+};
+template <class T, int L>
+struct PutTogether {
+    static constexpr int at(int e) { return e % L * Pack<T>::width + e / L; }
+};
+template <class T, int L>
+[[gnu::always_inline]] inline void load_side_by_side(const Byte *from, Pack<T> *out) {
+    Pack<T> in[L];
+    for (int k = 0; k < L; ++k) in[k] = load_pack<T>(from + k * pack_bytes);
+    rearrange<T, TakeApart<T, L>, L>(in, out, std::make_integer_sequence<int, L>{});
+}
+template <class T, int L>
+[[gnu::always_inline]] inline void store_side_by_side(const Byte *to, const Pack<T> *in) {
+    Pack<T> out[L];
+    rearrange<T, PutTogether<T, L>, L>(in, out, std::make_integer_sequence<int, L>{});
+    for (int k = 0; k < L; ++k) store_pack(const_cast<Byte *>(to + k * pack_bytes), out[k]);
+}
+#else
+constexpr bool rearranges = false;
+template <class T, int L>
+void load_side_by_side(const Byte *from, Pack<T> *out);
+template <class T, int L>
+void store_side_by_side(const Byte *to, const Pack<T> *in);
+#endif
+
+// The first C elements of a register, the others left out.
+#if defined(__AVX512F__)
+constexpr bool masked_ends = true;
+template <class T, int C>
+inline Pack<T> load_end(const Byte *from) {
+    using Vector = typename Pack<T>::Vector;
+    if constexpr (sizeof(T) == 4) return reinterpret_cast<Vector>(_mm512_maskz_loadu_ps((1u << C) - 1, from));
+    else return reinterpret_cast<Vector>(_mm512_maskz_loadu_pd((1u << C) - 1, from));
+}
+template <class T, int C>
+inline void store_end(const Byte *to, Pack<T> x) {
+    if constexpr (sizeof(T) == 4)
+        _mm512_mask_storeu_ps(const_cast<Byte *>(to), (1u << C) - 1, reinterpret_cast<__m512>(x.v));
+    else _mm512_mask_storeu_pd(const_cast<Byte *>(to), (1u << C) - 1, reinterpret_cast<__m512d>(x.v));
+}
+#else
+constexpr bool masked_ends = false;
+template <class T, int C>
+Pack<T> load_end(const Byte *from);
+template <class T, int C>
+void store_end(const Byte *to, Pack<T> x);
+#endif
+
 // ---- groups of R by C objects (a vector is one row)
 
 template <class T, int R, int C>
@@ -311,6 +402,9 @@ struct LaneAccess {
         return 0;
     }
 
+    // Few elements an object, side by side: whole registers, rearranged.
+    static constexpr bool few = rearranges && R * C > 1 && R *C <= 6;
+
     // Objects n .. n + W - 1 as stored, row-major.
     [[gnu::always_inline]] void load_stored(int n, Num *out) const {
         if (o.single) {
@@ -324,10 +418,11 @@ struct LaneAccess {
                     for (int j = 0; j < C; ++j)
                         out[i * C + j] = load_pack<T>(at(o.base, n * size + i * o.stride1 + j * o.stride2));
         } else if (way == Way::rows) {
+            if constexpr (few)
+                if (packed) return load_side_by_side<T, R * C>(at(o.base, n * o.stride0), out);
             const Byte *rows[W];
             rows_of(n, rows);
-            if (R * C < chunk_elements<T> && packed) load_chunk<T, R * C, true>(rows, 0, out);
-            else if (dense) load_run<T, R * C>(rows, 0, out);
+            if (dense) load_run<T, R * C>(rows, 0, out);
             else
 #pragma GCC unroll 6
                 for (int i = 0; i < R; ++i) load_run<T, C>(rows, i * o.stride1, out + i * C);
@@ -339,7 +434,7 @@ struct LaneAccess {
         }
     }
     // The same, as the operation sees them: a transposed operand with its indexes exchanged (square objects only).
-    [[gnu::always_inline]] void load(int n, Num *out) const {
+    [[gnu::always_inline]] void load_here(int n, Num *out) const {
         load_stored(n, out);
         if constexpr (R == C)
             if (o.transposed)
@@ -350,7 +445,7 @@ struct LaneAccess {
                         out[j * C + i] = kept;
                     }
     }
-    [[gnu::always_inline]] void store(int n, const Num *in) const {
+    [[gnu::always_inline]] void store_here(int n, const Num *in) const {
         if (way == Way::across) {
             if (o.addressing == Addressing::pointers)
                 for (int e = 0; e < R * C; ++e)
@@ -361,10 +456,11 @@ struct LaneAccess {
                         store_pack(const_cast<Byte *>(at(o.base, n * size + i * o.stride1 + j * o.stride2)),
                                    in[i * C + j]);
         } else if (way == Way::rows) {
+            if constexpr (few)
+                if (packed) return store_side_by_side<T, R * C>(at(o.base, n * o.stride0), in);
             const Byte *rows[W];
             rows_of(n, rows);
-            if (R * C < chunk_elements<T> && packed) store_chunk<T, R * C, true>(rows, 0, in);
-            else if (dense) store_run<T, R * C>(rows, 0, in);
+            if (dense) store_run<T, R * C>(rows, 0, in);
             else
 #pragma GCC unroll 6
                 for (int i = 0; i < R; ++i) store_run<T, C>(rows, i * o.stride1, in + i * C);
@@ -377,6 +473,23 @@ struct LaneAccess {
                     scatter<T>(rows, offset, in[i * C + j]);
                 }
         }
+    }
+
+    // Out of line, where a call is little beside the work: every family would have its own copy of all ways.
+    [[gnu::noinline]] void load_there(int n, Num *out) const {
+        load_here(n, out);
+    }
+    [[gnu::noinline]] void store_there(int n, const Num *in) const {
+        store_here(n, in);
+    }
+
+    [[gnu::always_inline]] void load(int n, Num *out) const {
+        if constexpr (R * C > 6) load_there(n, out);
+        else load_here(n, out);
+    }
+    [[gnu::always_inline]] void store(int n, const Num *in) const {
+        if constexpr (R * C > 6) store_there(n, in);
+        else store_here(n, in);
     }
 };
 

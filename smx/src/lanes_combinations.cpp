@@ -40,13 +40,13 @@ int objects(const LanePlan &plan, T factor1, T factor2, int first) {
     const Pack<T> f1(factor1), f2(factor2);
     return each_group<T>(plan, first, [&](int n) {
         Pack<T> x[R * C], y[R * C];
-        a.load(n, x);
-        if constexpr (two) b.load(n, y);
+        a.load_there(n, x);
+        if constexpr (two) b.load_there(n, y);
         for (int e = 0; e < R * C; ++e) {
             x[e] = f1 * x[e];
             if constexpr (two) x[e] = x[e] + f2 * y[e];
         }
-        d.store(n, x);
+        d.store_there(n, x);
         return true;
     });
 }

@@ -63,8 +63,9 @@ int blocks(const LanePlan &plan, int first, int last) {
 #define SMX_BLOCK(size) \
     case size: rows(plan, first, last, height, fixed<size>); return last;
         SMX_BLOCK(12)
-        SMX_BLOCK(16) SMX_BLOCK(20) SMX_BLOCK(24) SMX_BLOCK(32) SMX_BLOCK(36) SMX_BLOCK(40) SMX_BLOCK(48) SMX_BLOCK(64)
-            SMX_BLOCK(72) SMX_BLOCK(100) SMX_BLOCK(128) SMX_BLOCK(144) SMX_BLOCK(200) SMX_BLOCK(288)
+        SMX_BLOCK(16)
+        SMX_BLOCK(20) SMX_BLOCK(24) SMX_BLOCK(32) SMX_BLOCK(36) SMX_BLOCK(40) SMX_BLOCK(48) SMX_BLOCK(64) SMX_BLOCK(72)
+            SMX_BLOCK(100) SMX_BLOCK(128) SMX_BLOCK(144) SMX_BLOCK(200) SMX_BLOCK(288)
 #undef SMX_BLOCK
                 default : rows(plan, first, last, height, [&](Byte *to, const Byte *from) {
                     std::memmove(to, from, static_cast<std::size_t>(bytes));
@@ -87,6 +88,31 @@ int packs(const LanePlan &plan, int first) {
     });
 }
 
+// Squares without gaps transposed within their registers, one object after the other.
+template <class T, int N>
+int transposed_squares(const LanePlan &plan, int first) {
+    using Access = LaneAccess<T, N, N>;
+    const Access s(plan.source[0].operand), d(plan.result[0]);
+    if constexpr (masked_ends)
+        if (s.way == Access::Way::rows && d.way == Access::Way::rows && s.dense && d.dense) {
+            constexpr int W = Pack<T>::width, registers = (N * N + W - 1) / W, last = registers - 1;
+            struct Transposition {
+                static constexpr int at(int e) { return e < N * N ? e % N * N + e / N : 0; }
+            };
+            const ObjectStarts from(s.o), to(d.o);
+            return each_object(plan, first, [&](int n) {
+                const Byte *const source = from[n], *const result = to[n];
+                Pack<T> in[registers], out[registers];
+                for (int k = 0; k < last; ++k) in[k] = load_pack<T>(source + k * pack_bytes);
+                in[last] = load_end<T, N * N - last * W>(source + last * pack_bytes);
+                rearrange<T, Transposition, registers>(in, out, std::make_integer_sequence<int, registers>{});
+                for (int k = 0; k < last; ++k) store_pack(writable(result + k * pack_bytes), out[k]);
+                store_end<T, N * N - last * W>(result + last * pack_bytes, out[last]);
+            });
+        }
+    return packs<T, N, N>(plan, first);
+}
+
 template <class T>
 int copy(const LanePlan &plan, int first) {
     const LaneOperand &s = plan.source[0].operand, &d = plan.result[0];
@@ -101,6 +127,7 @@ int copy(const LanePlan &plan, int first) {
     int done = first;
     with_side(d.columns, [&]<int N>(Side<N>) {
         if (d.rows == 1) done = packs<T, 1, N>(plan, first);
+        else if (d.rows == N && s.transposed) done = transposed_squares<T, N>(plan, first);
         else if (d.rows == N) done = packs<T, N, N>(plan, first);
     });
     return done;

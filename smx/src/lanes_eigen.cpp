@@ -24,31 +24,45 @@ int values(const LanePlan &plan, int first) {
     });
 }
 
-// The elements of one object in the group's packs.
+// A group on its way from Q and T to the vectors: w holds T, first Q and then the vectors, second those of left mode
+// where both are wanted.
 template <class T>
-inline void take_object(const Pack<T> *group, int lane, T *elements, int count) {
-    for (int e = 0; e < count; ++e) elements[e] = load_element<T>(at(group + e, lane * static_cast<int>(sizeof(T))));
-}
-template <class T>
-inline void put_object(Pack<T> *group, int lane, const T *elements, int count) {
-    for (int e = 0; e < count; ++e) store_element<T>(at(group + e, lane * static_cast<int>(sizeof(T))), elements[e]);
-}
+struct VectorGroup {
+    Pack<T> *w, *first, *second, *im;
+};
 
-template <int N, class Num>
-inline void transpose_square(Num *m) {
-    for (int i = 0; i < N; ++i)
-        for (int j = i + 1; j < N; ++j) {
-            const Num kept = m[i * N + j];
-            m[i * N + j] = m[j * N + i];
-            m[j * N + i] = kept;
-        }
-}
-
-// The iteration runs on lanes, the back substitution on one object after the other.
-template <class T, int N, unsigned modes>
-int values_and_vectors(const LanePlan &plan, int first) {
-    using Num = Pack<T>;
+// The back substitution runs on one object after the other, out of line: it is the same for all sides. False if an
+// object fails.
+template <class T, unsigned modes>
+[[gnu::noinline]] bool substitute(const VectorGroup<T> &group, int n) {
     constexpr bool both = modes == (right_mode | left_mode);
+    T buffer[6 * (3 * 6 + 5)], values[6];
+    const VectorScratch<T, modes> scratch(buffer, n);
+    const auto take = [](const Pack<T> *packs, int lane, T *elements, int count) {
+        for (int e = 0; e < count; ++e)
+            elements[e] = load_element<T>(at(packs + e, lane * static_cast<int>(sizeof(T))));
+    };
+    // Vector j lies contiguously; the packs hold the matrix whose columns they are.
+    const auto put = [&](Pack<T> *packs, int lane, const T *elements) {
+        for (int i = 0; i < n; ++i)
+            for (int j = 0; j < n; ++j)
+                store_element<T>(at(packs + i * n + j, lane * static_cast<int>(sizeof(T))), elements[j * n + i]);
+    };
+    for (int l = 0; l < Pack<T>::width; ++l) {
+        take(group.w, l, scratch.h.at, n * n);
+        take(group.first, l, scratch.q.at, n * n);
+        take(group.im, l, values, n);
+        if (eigen_vectors_of_form(scratch, values, n) != Solved::yes) return false;
+        put(group.first, l, scratch.q.at);
+        if (both) put(group.second, l, scratch.left().at);
+    }
+    return true;
+}
+
+template <class T, int N>
+int values_and_vectors(const LanePlan &plan, unsigned modes, int first) {
+    using Num = Pack<T>;
+    const int both = modes == (right_mode | left_mode);
     const LaneAccess<T, N, N> src(plan.source[0].operand), vectors(plan.result[0]), second(plan.result[both]);
     const LaneAccess<T, 1, N> real(plan.result[1 + both]), imaginary(plan.result[2 + both]);
     return each_group<T>(plan, first, [&](int n) {
@@ -57,22 +71,13 @@ int values_and_vectors(const LanePlan &plan, int first) {
         src.load(n, w);
         const Columns<Num> h{w, N}, q{reflected, N};
         if (!reduce_to_triangular(h, q, tau, work, re, im)) return false;
-        T buffer[N * (3 * N + 5)], values[N];
-        const VectorScratch<T, modes> scratch(buffer, N);
-        for (int l = 0; l < Num::width; ++l) {
-            take_object(w, l, scratch.h.at, N * N);
-            take_object(reflected, l, scratch.q.at, N * N);
-            take_object(im, l, values, N);
-            if (eigen_vectors_of_form(scratch, values, N) != Solved::yes) return false;
-            put_object(reflected, l, scratch.q.at, N * N);
-            if (both) put_object(other, l, scratch.left().at, N * N);
-        }
-        transpose_square<N>(reflected); // vector j lies contiguously
+        const VectorGroup<T> group{w, reflected, other, im};
+        if (!(modes == right_mode  ? substitute<T, right_mode>(group, N)
+              : modes == left_mode ? substitute<T, left_mode>(group, N)
+                                   : substitute<T, right_mode | left_mode>(group, N)))
+            return false;
         vectors.store(n, reflected);
-        if constexpr (both) {
-            transpose_square<N>(other);
-            second.store(n, other);
-        }
+        if (both) second.store(n, other);
         real.store(n, re);
         imaginary.store(n, im);
         return true;
@@ -88,11 +93,7 @@ int eigen_lanes(const LanePlan &plan, int side, int first) {
 
 int eigen_vectors_lanes(const LanePlan &plan, int side, unsigned modes, int first) {
     return by_type_and_side(plan, plan.result[0].element, side, first, [&](auto zero, auto s) {
-        using T = decltype(zero);
-        constexpr int N = decltype(s)::value;
-        return modes == right_mode  ? values_and_vectors<T, N, right_mode>(plan, first)
-               : modes == left_mode ? values_and_vectors<T, N, left_mode>(plan, first)
-                                    : values_and_vectors<T, N, right_mode | left_mode>(plan, first);
+        return values_and_vectors<decltype(zero), decltype(s)::value>(plan, modes, first);
     });
 }
 

@@ -96,16 +96,16 @@ int groups(const LanePlan &plan, T constant, int first) {
     if (slow(d) || slow(a) || (second == Second::vectors && slow(b))) return first;
     return each_group<T>(plan, first, [&](int n) {
         Pack<T> x[N] = {}, y[N] = {};
-        a.load(n, x);
+        a.load_there(n, x);
         if constexpr (second == Second::vectors) {
-            b.load(n, y);
+            b.load_there(n, y);
         } else {
             Pack<T> number(constant);
             if constexpr (second == Second::constants) numbers.load(n, &number);
             for (int j = 0; j < N; ++j) y[j] = number;
         }
         for (int j = 0; j < N; ++j) x[j] = apply<operation>(x[j], y[j]);
-        d.store(n, x);
+        d.store_there(n, x);
         return true;
     });
 }
