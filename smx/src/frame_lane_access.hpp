@@ -324,6 +324,8 @@ template <class T, int L>
 }
 #else
 constexpr bool rearranges = false;
+template <class T, class Map, int k, int registers>
+struct Rearranged;
 template <class T, int L>
 void load_side_by_side(const Byte *from, Pack<T> *out);
 template <class T, int L>
@@ -483,6 +485,27 @@ struct LaneAccess {
         store_here(n, in);
     }
 
+    // Short vectors, or single elements, one object's behind the other's: so little to do that the way is chosen ahead
+    // of the loop (each_group_by).
+    bool side_by_side() const {
+        if (o.single || o.addressing != Addressing::strided) return false;
+        return R * C == 1 ? way == Way::across : few && packed;
+    }
+    template <bool known_side_by_side>
+    [[gnu::always_inline]] void load_by(int n, Num *out) const {
+        const Byte *const from = at(o.base, n * R * C * size);
+        if constexpr (known_side_by_side && R * C == 1) *out = load_pack<T>(from);
+        else if constexpr (known_side_by_side && few) load_side_by_side<T, R * C>(from, out);
+        else load_there(n, out);
+    }
+    template <bool known_side_by_side>
+    [[gnu::always_inline]] void store_by(int n, const Num *in) const {
+        const Byte *const to = at(o.base, n * R * C * size);
+        if constexpr (known_side_by_side && R * C == 1) store_pack(const_cast<Byte *>(to), *in);
+        else if constexpr (known_side_by_side && few) store_side_by_side<T, R * C>(to, in);
+        else store_there(n, in);
+    }
+
     [[gnu::always_inline]] void load(int n, Num *out) const {
         if constexpr (R * C > 6) load_there(n, out);
         else load_here(n, out);
@@ -503,6 +526,14 @@ template <class T, class Body>
         if (!body(n)) break;
     }
     return n;
+}
+
+// The same with what is known of the operands: body(n, known), where `known` stands for whether all of them lie side by
+// side.
+template <class T, class Body>
+[[gnu::always_inline]] inline int each_group_by(const LanePlan &plan, int first, bool side_by_side, Body body) {
+    if (side_by_side) return each_group<T>(plan, first, [&](int n) { return body(n, std::true_type{}); });
+    return each_group<T>(plan, first, [&](int n) { return body(n, std::false_type{}); });
 }
 
 // Where the objects of a strided or list operand start.

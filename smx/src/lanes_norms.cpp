@@ -51,9 +51,9 @@ int norm(const LanePlan &plan, bool cuts_off, int first) {
     constexpr int E = R * C;
     const LaneAccess<T, R, C> src(plan.source[0].operand);
     const LaneAccess<T, 1, 1> dst(plan.result[0]);
-    return each_group<T>(plan, first, [&](int n) {
+    return each_group_by<T>(plan, first, src.side_by_side() && dst.side_by_side(), [&](int n, auto known) {
         Pack<T> x[E];
-        src.load(n, x);
+        src.template load_by<known>(n, x);
         const auto square = [&](int e) {
             const auto wide = widened(x[e]);
             return wide * wide;
@@ -65,7 +65,7 @@ int norm(const LanePlan &plan, bool cuts_off, int first) {
             if constexpr (pairs) sum = sum + (e + 1 < E ? square(e) + square(e + 1) : square(e));
             else sum = sum + square(e);
         const Pack<T> root = narrowed(norm_of<T>(sum, cuts_off));
-        dst.store(n, &root);
+        dst.template store_by<known>(n, &root);
         return true;
     });
 }

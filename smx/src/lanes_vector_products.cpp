@@ -13,12 +13,13 @@ int dot(const LanePlan &plan, int first) {
     const LaneAccess<T, 1, N> a(plan.source[0].operand), b(plan.source[1].operand);
     const LaneAccess<T, 1, 1> dst(plan.result[0]);
     Pack<T> x[N], y[N];
-    if (b.o.single) b.load(0, y);
-    return each_group<T>(plan, first, [&](int n) {
-        a.load(n, x);
-        if (!b.o.single) b.load(n, y);
+    if (b.o.single) b.load_there(0, y);
+    const bool side_by_side = a.side_by_side() && (b.o.single || b.side_by_side()) && dst.side_by_side();
+    return each_group_by<T>(plan, first, side_by_side, [&](int n, auto known) {
+        a.template load_by<known>(n, x);
+        if (!b.o.single) b.template load_by<known>(n, y);
         const Pack<T> sum = dot_of<order>(x, y);
-        dst.store(n, &sum);
+        dst.template store_by<known>(n, &sum);
         return true;
     });
 }
@@ -26,14 +27,15 @@ int dot(const LanePlan &plan, int first) {
 template <class T>
 int cross(const LanePlan &plan, int first) {
     const LaneAccess<T, 1, 3> a(plan.source[0].operand), b(plan.source[1].operand), dst(plan.result[0]);
-    return each_group<T>(plan, first, [&](int n) {
+    const bool side_by_side = a.side_by_side() && b.side_by_side() && dst.side_by_side();
+    return each_group_by<T>(plan, first, side_by_side, [&](int n, auto known) {
         Pack<T> x[3], y[3], z[3];
-        a.load(n, x);
-        b.load(n, y);
+        a.template load_by<known>(n, x);
+        b.template load_by<known>(n, y);
         for (int i = 0; i < 3; ++i)
             z[i] = cross_element(
                 i, [&](int p) { return x[p]; }, [&](int p) { return y[p]; });
-        dst.store(n, z);
+        dst.template store_by<known>(n, z);
         return true;
     });
 }
