@@ -44,16 +44,19 @@ extern "C" {
  *     To have flat objects in an array: add a shift to every diagonal so that all eigenvalues lie well away from 0
  *     (after scaling, 2 will do for any matrix of norm at most 1), and subtract it from the values.
  * smxStsConvergeErr: 30 sweeps were not enough for one value. dstValues then holds nothing of use. So end matrices with
- *     infinities or not-a-numbers off the diagonal.
+ *     infinities or not-a-numbers off the diagonal, some clusters of values within 100 eps of each other, and a few of
+ *     many thousand ordinary matrices, where the last off-diagonal element comes to rest just above the tolerance.
+ *     Multiply such a matrix by some factor (50, say) and call again.
  * An array call stops at its first failing object: those before it are done, those behind it untouched, up to the
  * end of the same thread's share. The status does not say which it was.
  *
  * A WRONG VALUE WITH STATUS 0 IS POSSIBLE. A sweep skips its last update if an intermediate value happens to be below
- * eps, so for a few matrices one value comes out wrong. Side 4 with 2 on the diagonal and -1 beside it is one. Where it
- * matters compare the sum of the values with the trace; where they differ, scale the matrix by 2^10 or shift its
- * diagonal, call again, undo it, and compare once more. The forms round differently: that one of them is right says
- * nothing about another. Random matrices hardly ever meet this, structured ones do (equal or evenly spaced elements).
- * For the same reason a cluster of values within some 100 eps may end with smxStsConvergeErr. */
+ * eps, so for a few matrices values come out wrong. Side 4 with 2 on the diagonal and -1 beside it is one, side 21 with
+ * |i - 10| on the diagonal and 1 beside it another. Where it matters compare the sum of the squares of the values with
+ * the sum of the squares of all elements (the trace may hold all the same); where they differ, multiply the matrix by a
+ * factor, shift its diagonal, or take its rows and columns in another order, call again, undo it, and compare once more.
+ * No one remedy helps every matrix. The forms round differently: that one of them is right says nothing about another.
+ * Random matrices hardly ever meet this, structured ones do (equal or evenly spaced elements). */
 SMX_API SmxStatus smxEigenValuesSym_m_32f(const float *src, int srcStride1, int srcStride2, float *buffer,
                                           float *dstValues, int widthHeight);
 SMX_API SmxStatus smxEigenValuesSym_m_32f_P(const float *const *src, int srcRoiShift, float *buffer, float *dstValues,
