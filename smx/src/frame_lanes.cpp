@@ -217,16 +217,6 @@ ptrdiff_t apart_sign(Address a, ptrdiff_t extent_a, Address b, ptrdiff_t extent_
     return (a - b + extent_a - 1) | (b - a + extent_b - 1);
 }
 
-bool meets_nothing_of_its_own(const LaneOperand &d, int first, int width) {
-    const ptrdiff_t extent = strided_extent(d);
-    Address address[most_lanes];
-    for (int l = 0; l < width; ++l) address[l] = object_address(d, first + l);
-    ptrdiff_t signs = -1;
-    for (int l = 1; l < width; ++l)
-        for (int m = 0; m < l; ++m) signs &= apart_sign(address[l], extent, address[m], extent);
-    return signs < 0;
-}
-
 bool meets_no_other(const LaneOperand &s, const LaneOperand &d, bool in_place_fine, int first, int width) {
     const ptrdiff_t extent_s = strided_extent(s), extent_d = strided_extent(d);
     Address from[most_lanes], to[most_lanes];
@@ -246,7 +236,10 @@ bool meets_no_other(const LaneOperand &s, const LaneOperand &d, bool in_place_fi
 bool group_is_safe(const LanePlan &plan, int first, int width) {
     for (int i = 0; i < plan.results; ++i) {
         const LaneOperand &d = plan.result[i];
-        if ((plan.doubts & doubt_alone(i)) && !meets_nothing_of_its_own(d, first, width)) return false;
+        // Only a list's result is ever in doubt of meeting itself.
+        if ((plan.doubts & doubt_alone(i)) &&
+            !SMX_ON_LANES(list_group_apart, addresses(d) + first, width, strided_extent(d)))
+            return false;
         for (int j = 0; j < plan.sources; ++j)
             if ((plan.doubts & doubt_source(i, j)) &&
                 !meets_no_other(plan.source[j].operand, d,

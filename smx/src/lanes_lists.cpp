@@ -19,5 +19,38 @@ bool list_ascends(const std::intptr_t *list, int count, std::intptr_t gap) {
     return signs >= 0;
 }
 
+namespace {
+
+// Each address beside the one r places on, round the group; the signs of all lanes are gathered.
+template <int W>
+bool group_apart(const std::intptr_t *list, std::intptr_t reach) {
+    std::intptr_t round[2 * W], signs[W];
+    for (int l = 0; l < W; ++l) {
+        round[l] = round[l + W] = list[l];
+        signs[l] = -1;
+    }
+#pragma GCC unroll 8
+    for (int r = 1; r <= W / 2; ++r)
+        for (int l = 0; l < W; ++l) {
+            const std::intptr_t distance = round[l] - round[l + r];
+            signs[l] &= (distance + reach) | (reach - distance);
+        }
+    std::intptr_t all = -1;
+    for (int l = 0; l < W; ++l) all &= signs[l];
+    return all < 0;
+}
+
+} // namespace
+
+bool list_group_apart(const std::intptr_t *list, int width, std::intptr_t extent) {
+    switch (width) {
+    case 2: return group_apart<2>(list, extent - 1);
+    case 4: return group_apart<4>(list, extent - 1);
+    case 8: return group_apart<8>(list, extent - 1);
+    case 16: return group_apart<16>(list, extent - 1);
+    default: return width < 2;
+    }
+}
+
 } // namespace SMX_ISA
 } // namespace smx
