@@ -48,7 +48,8 @@ struct Moves {
             return SmxStatus{smxStsNoErr};
         };
         // A long pointer table takes longer to look through than to walk.
-        if ((is_pointers<A> || is_pointers<D>) && (width > 6 || height > 6)) return one_by_one(0, count);
+        constexpr bool by_table = is_pointers<A> || is_pointers<D>;
+        if (by_table && (width > 6 || height > 6)) return one_by_one(0, count);
         const LanePlan plan =
             lane_plan(count, {{a.lanes(height, width), SameObject::identical}}, {d.lanes(height, width)});
         return for_each_object<ElementOf<D>>(
@@ -62,7 +63,8 @@ struct Copy : Moves {
         return move(a, d, 1, len.value, count.value);
     }
     template <class Tier, class A, class D>
-    static SmxStatus run(Tier, const A &a, const D &d, Size<Role::width> width, Size<Role::height> height, Count count) {
+    static SmxStatus run(Tier, const A &a, const D &d, Size<Role::width> width, Size<Role::height> height,
+                         Count count) {
         return move(a, d, height.value, width.value, count.value);
     }
 };
@@ -80,8 +82,8 @@ struct Dense {
     }
     LaneOperand lanes(int rows, int columns) const {
         constexpr std::ptrdiff_t size = sizeof(T);
-        return {base,    nullptr,          0,     object_size,        row,   size, static_cast<int>(size), rows,
-                columns, Addressing::strided, false, false};
+        return {base,  nullptr, 0, object_size, row, size, static_cast<int>(size), rows, columns, Addressing::strided,
+                false, false};
     }
 };
 template <class T>

@@ -49,7 +49,7 @@ struct Minors {
 
     static constexpr int first_of(int set) {
         return rows == MinorRows::first ? 31 - __builtin_clz(static_cast<unsigned>(set))
-                                   : __builtin_ctz(static_cast<unsigned>(set));
+                                        : __builtin_ctz(static_cast<unsigned>(set));
     }
 };
 

@@ -77,8 +77,8 @@ struct VectorArithmetic {
     template <class Tier, class A, class B, class D>
     static SmxStatus objects(const A &a, const B &b, const D &d, int len, int first, int last) {
         using T = ElementOf<D>;
-        constexpr bool keeps = (std::is_same_v<Tier, Plain> || std::is_same_v<Tier, S2>) && !is_constant<B> &&
-                               (kept == Kept::both || sizeof(T) == 4) && !is_single<D>;
+        constexpr bool by_strides = std::is_same_v<Tier, Plain> || std::is_same_v<Tier, S2>;
+        constexpr bool keeps = by_strides && !is_constant<B> && (kept == Kept::both || sizeof(T) == 4) && !is_single<D>;
         const bool done = with_side(len, [&]<int N>(Side<N>) {
             if constexpr (keeps && is_single_vector<A>) each(Values<T, N>(a), b, d, N, first, last);
             else if constexpr (keeps && is_single_vector<B>) each(a, Values<T, N>(b), d, N, first, last);
@@ -93,8 +93,8 @@ struct VectorArithmetic {
     static SmxStatus in_groups(const A &a, const Value<T> &b, const D &d, int len, int count, Range one_by_one) {
         const LanePlan plan = lane_plan(count, {{a.lanes(1, len), SameObject::identical}}, {d.lanes(1, len)});
         return for_each_object<ElementOf<D>>(
-            plan,
-            [&](int n) { return SMX_ON_ALL_LANES(n, vector_arithmetic_lanes, plan, operation, b.value); }, one_by_one);
+            plan, [&](int n) { return SMX_ON_ALL_LANES(n, vector_arithmetic_lanes, plan, operation, b.value); },
+            one_by_one);
     }
     template <class A, class B, class D, class Range>
     static SmxStatus in_groups(const A &a, const B &b, const D &d, int len, int count, Range one_by_one) {
@@ -103,7 +103,8 @@ struct VectorArithmetic {
                                             : LaneSource{b.lanes(1, len), SameObject::identical};
         const LanePlan plan = lane_plan(count, {{a.lanes(1, len), SameObject::identical}, y}, {d.lanes(1, len)});
         return for_each_object<ElementOf<D>>(
-            plan, [&](int n) { return SMX_ON_ALL_LANES(n, vector_arithmetic_lanes, plan, operation, 0.0); }, one_by_one);
+            plan, [&](int n) { return SMX_ON_ALL_LANES(n, vector_arithmetic_lanes, plan, operation, 0.0); },
+            one_by_one);
     }
 
     // Non-array kernels.
@@ -114,9 +115,7 @@ struct VectorArithmetic {
     // Array kernels.
     template <class Tier, class A, class B, class D>
     static SmxStatus run(Tier, const A &a, const B &b, const D &d, Size<Role::len> len, Count count) {
-        const auto one_by_one = [&](int first, int last) {
-            return objects<Tier>(a, b, d, len.value, first, last);
-        };
+        const auto one_by_one = [&](int first, int last) { return objects<Tier>(a, b, d, len.value, first, last); };
         // A long pointer table takes longer to look through than to walk.
         if (std::is_same_v<Tier, P> && len.value > 6) return one_by_one(0, count.value);
         return in_groups(a, b, d, len.value, count.value, one_by_one);

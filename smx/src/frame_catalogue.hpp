@@ -45,12 +45,13 @@
 #define SMX_ROW_Sub_mta ARRAY, (MatrixSum<Minus>), SMX_SUM_ONE, SMX_SUM(M, TA, MAO)
 #define SMX_ROW_Sub_tta ARRAY, (MatrixSum<Minus>), SMX_SUM_ONE, SMX_SUM(T, TA, MAO)
 
-#define SMX_CATALOGUE_SUMS(ROW)                                                                              \
-    ROW(Add_mm)                                                                                              \
-    ROW(Add_tm) ROW(Add_tt) ROW(Add_mam) ROW(Add_tam) ROW(Add_mat) ROW(Add_tat) ROW(Add_mama) ROW(Add_tama)  \
-        ROW(Add_tata) ROW(Sub_mm) ROW(Sub_tm) ROW(Sub_mt) ROW(Sub_tt) ROW(Sub_mam) ROW(Sub_tam) ROW(Sub_mat) \
-            ROW(Sub_tat) ROW(Sub_mama) ROW(Sub_tama) ROW(Sub_mata) ROW(Sub_tata) ROW(Sub_mma) ROW(Sub_tma)   \
-                ROW(Sub_mta) ROW(Sub_tta)
+// clang-format off
+#define SMX_CATALOGUE_SUMS(ROW) \
+    ROW(Add_mm) ROW(Add_tm) ROW(Add_tt) ROW(Add_mam) ROW(Add_tam) ROW(Add_mat) ROW(Add_tat) ROW(Add_mama) \
+    ROW(Add_tama) ROW(Add_tata) ROW(Sub_mm) ROW(Sub_tm) ROW(Sub_mt) ROW(Sub_tt) ROW(Sub_mam) ROW(Sub_tam) \
+    ROW(Sub_mat) ROW(Sub_tat) ROW(Sub_mama) ROW(Sub_tama) ROW(Sub_mata) ROW(Sub_tata) ROW(Sub_mma) ROW(Sub_tma) \
+    ROW(Sub_mta) ROW(Sub_tta)
+// clang-format on
 
 // ---- matrix products: smxmul_* on matrices
 
@@ -90,10 +91,11 @@
 #define SMX_ROW_Mul_tta \
     ARRAY, (MatrixProduct<General::blocked>), SMX_PRODUCT_ARRAY(true, false, true, true), SMX_PRODUCT(T, TA, MAO)
 
-#define SMX_CATALOGUE_PRODUCTS(ROW)                                                                       \
-    ROW(Mul_mm)                                                                                           \
-    ROW(Mul_tm) ROW(Mul_mt) ROW(Mul_tt) ROW(Mul_mam) ROW(Mul_tam) ROW(Mul_mat) ROW(Mul_tat) ROW(Mul_mama) \
-        ROW(Mul_tama) ROW(Mul_mata) ROW(Mul_tata) ROW(Mul_mma) ROW(Mul_tma) ROW(Mul_mta) ROW(Mul_tta)
+// clang-format off
+#define SMX_CATALOGUE_PRODUCTS(ROW) \
+    ROW(Mul_mm) ROW(Mul_tm) ROW(Mul_mt) ROW(Mul_tt) ROW(Mul_mam) ROW(Mul_tam) ROW(Mul_mat) ROW(Mul_tat) \
+    ROW(Mul_mama) ROW(Mul_tama) ROW(Mul_mata) ROW(Mul_tata) ROW(Mul_mma) ROW(Mul_tma) ROW(Mul_mta) ROW(Mul_tta)
+// clang-format on
 
 // ---- LU: smxludecomp_*, smxlubacksubst_*
 
@@ -112,8 +114,10 @@
     ARRAY, (LUBackSubstitution), (orders::array, bounds::lubacksubst_mava), (MA, src1), (PIVA, pivotIndex), \
         (VA, src2), (VAO, dst), (SIDE, widthHeight)
 
+// clang-format off
 #define SMX_CATALOGUE_LU(ROW) \
     ROW(LUDecomp_m) ROW(LUDecomp_ma) ROW(LUBackSubst_mv) ROW(LUBackSubst_mva) ROW(LUBackSubst_mava)
+// clang-format on
 
 // ---- Cholesky: smxcholeskydecomp_m, smxcholdecomp_ma, smxcholeskybacksubst_mv, _mava, smxcholbacksubst_mva
 
@@ -123,16 +127,18 @@
     ARRAY, (CholeskyDecomposition), (orders::array, bounds::choldecomp), (MA, src), (MAO, dst), (SIDE, widthHeight)
 #define SMX_ROW_CholeskyBackSubst_mv \
     SINGLE, (CholeskyBackSubstitution), (orders::single), (M, src1), (V, src2), (VO, dst), (SIDE, widthHeight)
-#define SMX_ROW_CholeskyBackSubst_mva                                                                              \
+#define SMX_ROW_CholeskyBackSubst_mva                                                                            \
     ARRAY, (CholeskyBackSubstitution), (orders::cholesky_mva, bounds::cholbacksubst_mva), (M, src1), (VA, src2), \
         (VAO, dst), (SIDE, widthHeight)
 #define SMX_ROW_CholeskyBackSubst_mava                                                                      \
     ARRAY, (CholeskyBackSubstitution), (orders::array, bounds::cholbacksubst_mava), (MA, src1), (VA, src2), \
         (VAO, dst), (SIDE, widthHeight)
 
-#define SMX_CATALOGUE_CHOLESKY(ROW)                                                                       \
+// clang-format off
+#define SMX_CATALOGUE_CHOLESKY(ROW) \
     ROW(CholeskyDecomp_m) ROW(CholeskyDecomp_ma) ROW(CholeskyBackSubst_mv) ROW(CholeskyBackSubst_mva) \
-        ROW(CholeskyBackSubst_mava)
+    ROW(CholeskyBackSubst_mava)
+// clang-format on
 
 // ---- QR: smxqrdecomp_*, smxqrbacksubst_mv, _mava, smxqrbackssubst_mva
 
@@ -141,21 +147,22 @@
 
 #define SMX_ROW_QRDecomp_m \
     SINGLE, (QRDecomposition), SMX_QR_SINGLE, (M, src), (BUF, buffer), (MO, dst), (W, width), (H, height)
-#define SMX_ROW_QRDecomp_ma                                                                                       \
+#define SMX_ROW_QRDecomp_ma                                                                                     \
     ARRAY, (QRDecomposition), SMX_QR_ARRAY(bounds::qrdecomp), (MA, src), (BUF, buffer), (MAO, dst), (W, width), \
         (H, height)
-#define SMX_ROW_QRBackSubst_mv                                                                                    \
-    SINGLE, (QRBackSubstitution), SMX_QR_SINGLE, (M, src1), (BUF, buffer), (V, src2), (VO, dst), (W, width), \
-        (H, height)
-#define SMX_ROW_QRBackSubst_mva                                                                                     \
+#define SMX_ROW_QRBackSubst_mv \
+    SINGLE, (QRBackSubstitution), SMX_QR_SINGLE, (M, src1), (BUF, buffer), (V, src2), (VO, dst), (W, width), (H, height)
+#define SMX_ROW_QRBackSubst_mva                                                                               \
     ARRAY, (QRBackSubstitution), SMX_QR_ARRAY(bounds::qrbacksubst_mva), (M, src1), (BUF, buffer), (VA, src2), \
         (VAO, dst), (W, width), (H, height)
-#define SMX_ROW_QRBackSubst_mava                                                                                 \
+#define SMX_ROW_QRBackSubst_mava                                                                                \
     ARRAY, (QRBackSubstitution), SMX_QR_ARRAY(bounds::qrbacksubst_mava), (MA, src1), (BUF, buffer), (VA, src2), \
         (VAO, dst), (W, width), (H, height)
 
+// clang-format off
 #define SMX_CATALOGUE_QR(ROW) \
     ROW(QRDecomp_m) ROW(QRDecomp_ma) ROW(QRBackSubst_mv) ROW(QRBackSubst_mva) ROW(QRBackSubst_mava)
+// clang-format on
 
 // ---- determinant and inverse: smxdet_*, smxinvert_*
 
@@ -164,14 +171,17 @@
 #define SMX_ROW_Det_ma \
     ARRAY, (Determinant), (orders::array, bounds::det), (MA, src), (SIDE, widthHeight), (BUF, buffer), (RA, dstDet)
 // side 1 is done by the interface functions
-#define SMX_ROW_Invert_m                                                                                     \
-    SINGLE, (Inverse), (orders::single, bounds::none, nullptr, AtOnce::side_one), (M, src), (BUF, buffer), \
-        (MO, dst), (SIDE, widthHeight)
-#define SMX_ROW_Invert_ma                                                                                      \
+#define SMX_ROW_Invert_m                                                                                              \
+    SINGLE, (Inverse), (orders::single, bounds::none, nullptr, AtOnce::side_one), (M, src), (BUF, buffer), (MO, dst), \
+        (SIDE, widthHeight)
+#define SMX_ROW_Invert_ma                                                                                   \
     ARRAY, (Inverse), (orders::array, bounds::invert, nullptr, AtOnce::side_one), (MA, src), (BUF, buffer), \
         (MAO, dst), (SIDE, widthHeight)
 
-#define SMX_CATALOGUE_DET_INVERT(ROW) ROW(Det_m) ROW(Det_ma) ROW(Invert_m) ROW(Invert_ma)
+// clang-format off
+#define SMX_CATALOGUE_DET_INVERT(ROW) \
+    ROW(Det_m) ROW(Det_ma) ROW(Invert_m) ROW(Invert_ma)
+// clang-format on
 
 // ---- eigenproblems: smxeigenvalues*_m, _ma
 
@@ -180,13 +190,13 @@
 
 #define SMX_ROW_EigenValuesSym_m \
     SINGLE, (EigenValuesSymmetric), (orders::single), (M, src), (BUF, buffer), (RS, dstValues), (SIDE, widthHeight)
-#define SMX_ROW_EigenValuesSym_ma                                                                                  \
+#define SMX_ROW_EigenValuesSym_ma                                                                                 \
     ARRAY, (EigenValuesSymmetric), (orders::eigen, bounds::eigensym), (MA, src), (BUF, buffer), (RSA, dstValues), \
         (SIDE, widthHeight)
-#define SMX_ROW_EigenValuesVectorsSym_m                                                                        \
+#define SMX_ROW_EigenValuesVectorsSym_m                                                                      \
     SINGLE, (EigenValuesVectorsSymmetric), (orders::single), (M, src), (BUF, buffer), (MO, dstVectors, dst), \
         (RS, dstValues), (SIDE, widthHeight)
-#define SMX_ROW_EigenValuesVectorsSym_ma                                                                            \
+#define SMX_ROW_EigenValuesVectorsSym_ma                                                                      \
     ARRAY, (EigenValuesVectorsSymmetric), (orders::eigen, bounds::eigenvectorssym), (MA, src), (BUF, buffer), \
         (MAO, dstVectors, dst), (RSA, dstValues), (SIDE, widthHeight)
 
@@ -194,34 +204,36 @@
 #define SMX_ROW_EigenValues_m                                                                                  \
     SINGLE_ONE_KERNEL, (EigenValuesGeneral), (orders::single), (M, src), (RS, dstValuesRe), (RS, dstValuesIm), \
         (SIDE, widthHeight), (BUF, buffer)
-#define SMX_ROW_EigenValues_ma                                                                         \
+#define SMX_ROW_EigenValues_ma                                                                             \
     ARRAY_ONE_KERNEL, (EigenValuesGeneral), (orders::eigen, bounds::eigen), (MA, src), (RSA, dstValuesRe), \
         (RSA, dstValuesIm), (SIDE, widthHeight), (N, count), (BUF, buffer)
-#define SMX_ROW_EigenValuesVectorsRight_m                                                                     \
+#define SMX_ROW_EigenValuesVectorsRight_m                                                                           \
     SINGLE_ONE_KERNEL, (EigenVectorsGeneral<right_mode>), SMX_EIGEN_VECTORS_RULES, (M, src), (MO, dstVectors, dst), \
         (RS, dstValuesRe), (RS, dstValuesIm), (SIDE, widthHeight), (BUF, buffer)
-#define SMX_ROW_EigenValuesVectorsLeft_m                                                                     \
+#define SMX_ROW_EigenValuesVectorsLeft_m                                                                           \
     SINGLE_ONE_KERNEL, (EigenVectorsGeneral<left_mode>), SMX_EIGEN_VECTORS_RULES, (M, src), (MO, dstVectors, dst), \
         (RS, dstValuesRe), (RS, dstValuesIm), (SIDE, widthHeight), (BUF, buffer)
-#define SMX_ROW_EigenValuesVectorsRight_ma                                                                          \
+#define SMX_ROW_EigenValuesVectorsRight_ma                                                         \
     ARRAY_ONE_KERNEL, (EigenVectorsGeneral<right_mode>), SMX_EIGEN_VECTORS_ARRAY_RULES, (MA, src), \
         (MAO, dstVectors, dst), (RSA, dstValuesRe), (RSA, dstValuesIm), (SIDE, widthHeight), (N, count), (BUF, buffer)
-#define SMX_ROW_EigenValuesVectorsLeft_ma                                                                          \
+#define SMX_ROW_EigenValuesVectorsLeft_ma                                                         \
     ARRAY_ONE_KERNEL, (EigenVectorsGeneral<left_mode>), SMX_EIGEN_VECTORS_ARRAY_RULES, (MA, src), \
         (MAO, dstVectors, dst), (RSA, dstValuesRe), (RSA, dstValuesIm), (SIDE, widthHeight), (N, count), (BUF, buffer)
-#define SMX_ROW_EigenValuesVectors_m                                                                 \
+#define SMX_ROW_EigenValuesVectors_m                                                                           \
     SINGLE_ONE_KERNEL, (EigenVectorsBoth), SMX_EIGEN_VECTORS_RULES, (M, src), (MO, dstVectorsRight, dstRight), \
         (MO, dstVectorsLeft, dstLeft), (RS, dstValuesRe), (RS, dstValuesIm), (SIDE, widthHeight), (BUF, buffer)
-#define SMX_ROW_EigenValuesVectors_ma                                                                       \
+#define SMX_ROW_EigenValuesVectors_ma                                                                                 \
     ARRAY_ONE_KERNEL, (EigenVectorsBoth), SMX_EIGEN_VECTORS_ARRAY_RULES, (MA, src), (MAO, dstVectorsRight, dstRight), \
         (MAO, dstVectorsLeft, dstLeft), (RSA, dstValuesRe), (RSA, dstValuesIm), (SIDE, widthHeight), (N, count),      \
         (BUF, buffer)
 
-#define SMX_CATALOGUE_EIGEN(ROW)                                                                              \
-    ROW(EigenValuesSym_m) ROW(EigenValuesSym_ma) ROW(EigenValuesVectorsSym_m) ROW(EigenValuesVectorsSym_ma)   \
-        ROW(EigenValues_m) ROW(EigenValues_ma) ROW(EigenValuesVectorsRight_m) ROW(EigenValuesVectorsRight_ma) \
-            ROW(EigenValuesVectorsLeft_m) ROW(EigenValuesVectorsLeft_ma) ROW(EigenValuesVectors_m)            \
-                ROW(EigenValuesVectors_ma)
+// clang-format off
+#define SMX_CATALOGUE_EIGEN(ROW) \
+    ROW(EigenValuesSym_m) ROW(EigenValuesSym_ma) ROW(EigenValuesVectorsSym_m) ROW(EigenValuesVectorsSym_ma) \
+    ROW(EigenValues_m) ROW(EigenValues_ma) ROW(EigenValuesVectorsRight_m) ROW(EigenValuesVectorsRight_ma) \
+    ROW(EigenValuesVectorsLeft_m) ROW(EigenValuesVectorsLeft_ma) ROW(EigenValuesVectors_m) \
+    ROW(EigenValuesVectors_ma)
+// clang-format on
 
 // ---- matrix by vector: smxmul_*v*, smxgaxpy_*
 
@@ -233,15 +245,19 @@
 
 #define SMX_ROW_Mul_mv SINGLE, (MatrixVectorProduct<>), SMX_BY_VECTOR_SINGLE(false), SMX_BY_VECTOR(M, V, VO)
 #define SMX_ROW_Mul_tv SINGLE, (MatrixVectorProduct<>), SMX_BY_VECTOR_SINGLE(true), SMX_BY_VECTOR(T, V, VO)
-#define SMX_ROW_Mul_mav ARRAY, (MatrixVectorProduct<>), SMX_BY_VECTOR_ARRAY(false, true, false), SMX_BY_VECTOR(MA, V, VAO)
-#define SMX_ROW_Mul_tav ARRAY, (MatrixVectorProduct<>), SMX_BY_VECTOR_ARRAY(true, true, false), SMX_BY_VECTOR(TA, V, VAO)
+#define SMX_ROW_Mul_mav \
+    ARRAY, (MatrixVectorProduct<>), SMX_BY_VECTOR_ARRAY(false, true, false), SMX_BY_VECTOR(MA, V, VAO)
+#define SMX_ROW_Mul_tav \
+    ARRAY, (MatrixVectorProduct<>), SMX_BY_VECTOR_ARRAY(true, true, false), SMX_BY_VECTOR(TA, V, VAO)
 #define SMX_ROW_Mul_mava \
     ARRAY, (MatrixVectorProduct<>), SMX_BY_VECTOR_ARRAY(false, true, true), SMX_BY_VECTOR(MA, VA, VAO)
-#define SMX_ROW_Mul_tava ARRAY, (MatrixVectorProduct<>), SMX_BY_VECTOR_ARRAY(true, true, true), SMX_BY_VECTOR(TA, VA, VAO)
+#define SMX_ROW_Mul_tava \
+    ARRAY, (MatrixVectorProduct<>), SMX_BY_VECTOR_ARRAY(true, true, true), SMX_BY_VECTOR(TA, VA, VAO)
 // the one row whose strided kernel for float does not group rows
 #define SMX_ROW_Mul_mva \
     ARRAY, (MatrixVectorProduct<Rows::single_float>), SMX_BY_VECTOR_ARRAY(false, false, true), SMX_BY_VECTOR(M, VA, VAO)
-#define SMX_ROW_Mul_tva ARRAY, (MatrixVectorProduct<>), SMX_BY_VECTOR_ARRAY(true, false, true), SMX_BY_VECTOR(T, VA, VAO)
+#define SMX_ROW_Mul_tva \
+    ARRAY, (MatrixVectorProduct<>), SMX_BY_VECTOR_ARRAY(true, false, true), SMX_BY_VECTOR(T, VA, VAO)
 #define SMX_ROW_Gaxpy_mv SINGLE, (Gaxpy), (orders::single_product, bounds::none, match::gaxpy), SMX_GAXPY(V, V, VO)
 #define SMX_ROW_Gaxpy_mva ARRAY, (Gaxpy), (orders::product, bounds::gaxpy_mva, match::gaxpy), SMX_GAXPY(VA, VA, VAO)
 #define SMX_ROW_Gaxpy_mvav ARRAY, (Gaxpy), (orders::product, bounds::gaxpy_mvav, match::gaxpy), SMX_GAXPY(VA, V, VAO)
@@ -279,7 +295,8 @@
 #define SMX_ROW_CrossProduct_vav \
     ARRAY, (CrossProduct), (orders::count_after_strides, bounds::cross_one_array), SMX_CROSS(VA, V, VAO)
 #define SMX_ROW_CrossProduct_vva ARRAY, (CrossProduct), (orders::array, bounds::cross_one_array), SMX_CROSS(V, VA, VAO)
-#define SMX_ROW_CrossProduct_vava ARRAY, (CrossProduct), (orders::array, bounds::cross_two_arrays), SMX_CROSS(VA, VA, VAO)
+#define SMX_ROW_CrossProduct_vava \
+    ARRAY, (CrossProduct), (orders::array, bounds::cross_two_arrays), SMX_CROSS(VA, VA, VAO)
 #define SMX_ROW_L2Norm_v SINGLE, (L2Norm), (orders::single), (V, src), (R, dst), (LEN, len)
 #define SMX_ROW_L2Norm_va ARRAY, (L2Norm), (orders::array, bounds::l2norm), (VA, src), (RA, dst), (LEN, len)
 #define SMX_ROW_Trace_m SINGLE, (Trace), (orders::single), (M, src), (SIDE, widthHeight), (R, dst)
@@ -290,14 +307,15 @@
 #define SMX_ROW_AffineTransform3DH_mva \
     ARRAY_STRIDED_FLOAT, (AffineTransform), (orders::array, bounds::affine), (M, src1), (VA, src2), (VAO, dst)
 
-#define SMX_CATALOGUE_VECTORS(ROW)                                                                                 \
-    ROW(Mul_mv)                                                                                                    \
-    ROW(Mul_tv) ROW(Mul_mav) ROW(Mul_tav) ROW(Mul_mava) ROW(Mul_tava) ROW(Mul_mva) ROW(Mul_tva) ROW(Gaxpy_mv)      \
-        ROW(Gaxpy_mva) ROW(Gaxpy_mvav) ROW(Mul_mc) ROW(Mul_tc) ROW(Mul_mac) ROW(Mul_tac) ROW(Saxpy_vv)             \
-            ROW(Saxpy_vav) ROW(Saxpy_vva) ROW(Saxpy_vava) ROW(LComb_vv) ROW(LComb_vav) ROW(LComb_vava)             \
-                ROW(DotProduct_vv) ROW(DotProduct_vav) ROW(DotProduct_vava) ROW(CrossProduct_vv)                   \
-                    ROW(CrossProduct_vav) ROW(CrossProduct_vva) ROW(CrossProduct_vava) ROW(L2Norm_v) ROW(L2Norm_va) \
-                        ROW(Trace_m) ROW(Trace_ma) ROW(FrobNorm_m) ROW(FrobNorm_ma) ROW(AffineTransform3DH_mva)
+// clang-format off
+#define SMX_CATALOGUE_VECTORS(ROW) \
+    ROW(Mul_mv) ROW(Mul_tv) ROW(Mul_mav) ROW(Mul_tav) ROW(Mul_mava) ROW(Mul_tava) ROW(Mul_mva) ROW(Mul_tva) \
+    ROW(Gaxpy_mv) ROW(Gaxpy_mva) ROW(Gaxpy_mvav) ROW(Mul_mc) ROW(Mul_tc) ROW(Mul_mac) ROW(Mul_tac) ROW(Saxpy_vv) \
+    ROW(Saxpy_vav) ROW(Saxpy_vva) ROW(Saxpy_vava) ROW(LComb_vv) ROW(LComb_vav) ROW(LComb_vava) \
+    ROW(DotProduct_vv) ROW(DotProduct_vav) ROW(DotProduct_vava) ROW(CrossProduct_vv) ROW(CrossProduct_vav) \
+    ROW(CrossProduct_vva) ROW(CrossProduct_vava) ROW(L2Norm_v) ROW(L2Norm_va) ROW(Trace_m) ROW(Trace_ma) \
+    ROW(FrobNorm_m) ROW(FrobNorm_ma) ROW(AffineTransform3DH_mva)
+// clang-format on
 
 // ---- vectors and constants: smxadd_*, smxsub_*, smxmul_* without a matrix
 
@@ -309,34 +327,40 @@
 
 #define SMX_ROW_Add_vv SINGLE, (VectorArithmetic<Arithmetic::add>), (orders::single), SMX_VECTORS(V, V, VO)
 #define SMX_ROW_Add_vc SINGLE, (VectorArithmetic<Arithmetic::add>), (orders::single), SMX_VECTOR_C(V, VO)
-#define SMX_ROW_Add_vav \
-    ARRAY, (VectorArithmetic<Arithmetic::add>), (orders::count_after_strides, bounds::vector_one_array), SMX_VECTORS(VA, V, VAO)
+#define SMX_ROW_Add_vav                                                                                  \
+    ARRAY, (VectorArithmetic<Arithmetic::add>), (orders::count_after_strides, bounds::vector_one_array), \
+        SMX_VECTORS(VA, V, VAO)
 #define SMX_ROW_Add_vava \
     ARRAY, (VectorArithmetic<Arithmetic::add>), (orders::array, bounds::vector_two_arrays), SMX_VECTORS(VA, VA, VAO)
 #define SMX_ROW_Add_vac ARRAY, (VectorArithmetic<Arithmetic::add>), SMX_VECTOR_ONE, SMX_VECTOR_C(VA, VAO)
 #define SMX_ROW_Add_vaca ARRAY, (VectorArithmetic<Arithmetic::add>), SMX_VECTOR_CONSTANTS, SMX_VECTOR_CA(VA, VAO)
-#define SMX_ROW_Add_vca \
-    ARRAY, (VectorArithmetic<Arithmetic::add>), (by_type(orders::array, orders::pointers_unshifted, bounds::vector_by_constants)), SMX_VECTOR_CA(V, VAO)
+#define SMX_ROW_Add_vca                         \
+    ARRAY, (VectorArithmetic<Arithmetic::add>), \
+        (by_type(orders::array, orders::pointers_unshifted, bounds::vector_by_constants)), SMX_VECTOR_CA(V, VAO)
 #define SMX_ROW_Sub_vv SINGLE, (VectorArithmetic<Arithmetic::subtract>), (orders::single), SMX_VECTORS(V, V, VO)
 #define SMX_ROW_Sub_vc SINGLE, (VectorArithmetic<Arithmetic::subtract>), (orders::single), SMX_VECTOR_C(V, VO)
 #define SMX_ROW_Sub_cv SINGLE, (VectorArithmetic<Arithmetic::subtract_from>), (orders::single), SMX_VECTOR_C(V, VO)
-#define SMX_ROW_Sub_vav \
-    ARRAY, (VectorArithmetic<Arithmetic::subtract>), (orders::count_after_strides, bounds::vector_one_array), SMX_VECTORS(VA, V, VAO)
+#define SMX_ROW_Sub_vav                                                                                       \
+    ARRAY, (VectorArithmetic<Arithmetic::subtract>), (orders::count_after_strides, bounds::vector_one_array), \
+        SMX_VECTORS(VA, V, VAO)
 // double has no path written out
 #define SMX_ROW_Sub_vva \
     ARRAY, (VectorArithmetic<Arithmetic::subtract, Kept::float_only>), SMX_VECTOR_ONE, SMX_VECTORS(V, VA, VAO)
-#define SMX_ROW_Sub_vava \
-    ARRAY, (VectorArithmetic<Arithmetic::subtract>), (orders::array, bounds::vector_two_arrays), SMX_VECTORS(VA, VA, VAO)
+#define SMX_ROW_Sub_vava                                                                         \
+    ARRAY, (VectorArithmetic<Arithmetic::subtract>), (orders::array, bounds::vector_two_arrays), \
+        SMX_VECTORS(VA, VA, VAO)
 #define SMX_ROW_Sub_vac ARRAY, (VectorArithmetic<Arithmetic::subtract>), SMX_VECTOR_ONE, SMX_VECTOR_C(VA, VAO)
-#define SMX_ROW_Sub_cva \
-    ARRAY, (VectorArithmetic<Arithmetic::subtract_from>), (orders::array, bounds::constant_vectors), SMX_VECTOR_C(VA, VAO)
+#define SMX_ROW_Sub_cva                                                                              \
+    ARRAY, (VectorArithmetic<Arithmetic::subtract_from>), (orders::array, bounds::constant_vectors), \
+        SMX_VECTOR_C(VA, VAO)
 #define SMX_ROW_Sub_vaca ARRAY, (VectorArithmetic<Arithmetic::subtract>), SMX_VECTOR_CONSTANTS, SMX_VECTOR_CA(VA, VAO)
 #define SMX_ROW_Sub_cava \
     ARRAY, (VectorArithmetic<Arithmetic::subtract_from>), SMX_VECTOR_CONSTANTS, SMX_VECTOR_CA(VA, VAO)
 #define SMX_ROW_Sub_vca \
     ARRAY, (VectorArithmetic<Arithmetic::subtract>), (orders::array, bounds::vector_by_constants), SMX_VECTOR_CA(V, VAO)
-#define SMX_ROW_Sub_cav \
-    ARRAY, (VectorArithmetic<Arithmetic::subtract_from>), (by_type(orders::pointers_unshifted, orders::array, bounds::vector_by_constants)), SMX_VECTOR_CA(V, VAO)
+#define SMX_ROW_Sub_cav                                   \
+    ARRAY, (VectorArithmetic<Arithmetic::subtract_from>), \
+        (by_type(orders::pointers_unshifted, orders::array, bounds::vector_by_constants)), SMX_VECTOR_CA(V, VAO)
 #define SMX_ROW_Mul_vc SINGLE, (VectorArithmetic<Arithmetic::multiply>), (orders::single), SMX_VECTOR_C(V, VO)
 #define SMX_ROW_Mul_vac \
     ARRAY, (VectorArithmetic<Arithmetic::multiply>), (orders::array, bounds::mul_vac), SMX_VECTOR_C(VA, VAO)
@@ -345,10 +369,12 @@
 #define SMX_ROW_Mul_vca \
     ARRAY, (VectorArithmetic<Arithmetic::multiply>), (orders::array, bounds::mul_vca), SMX_VECTOR_CA(V, VAO)
 
+// clang-format off
 #define SMX_CATALOGUE_VECTOR_ARITHMETIC(ROW) \
     ROW(Add_vv) ROW(Add_vc) ROW(Add_vav) ROW(Add_vava) ROW(Add_vac) ROW(Add_vaca) ROW(Add_vca) ROW(Sub_vv) \
     ROW(Sub_vc) ROW(Sub_cv) ROW(Sub_vav) ROW(Sub_vva) ROW(Sub_vava) ROW(Sub_vac) ROW(Sub_cva) ROW(Sub_vaca) \
     ROW(Sub_cava) ROW(Sub_vca) ROW(Sub_cav) ROW(Mul_vc) ROW(Mul_vac) ROW(Mul_vaca) ROW(Mul_vca)
+// clang-format on
 
 // ---- moves: smxcopy_*, smxextract_*, smxloadidentity_ma (no kernels, no drivers), smxtranspose_* (no drivers)
 
@@ -364,23 +390,26 @@
     SINGLE_NO_KERNEL, (Extract), (by_type(orders::single, orders::extract_size_first)), (V, src), (RD, dst), (LEN, len)
 #define SMX_ROW_Extract_m SINGLE_NO_KERNEL, (Extract), (orders::extract_size_first), SMX_EXTRACT_ONE(M)
 #define SMX_ROW_Extract_t SINGLE_NO_KERNEL, (Extract), (orders::extract_size_first), SMX_EXTRACT_ONE(T)
-#define SMX_ROW_Extract_va \
-    ARRAY_NO_KERNEL, (Extract), (orders::extract), (VA, src), (RDA, dst), (LEN, len), (N, count)
+#define SMX_ROW_Extract_va ARRAY_NO_KERNEL, (Extract), (orders::extract), (VA, src), (RDA, dst), (LEN, len), (N, count)
 #define SMX_ROW_Extract_ma ARRAY_NO_KERNEL, (Extract), (orders::extract), SMX_EXTRACT_ALL(MA)
 #define SMX_ROW_Extract_ta ARRAY_NO_KERNEL, (Extract), (orders::extract), SMX_EXTRACT_ALL(TA)
-#define SMX_ROW_LoadIdentity_ma                                                                                 \
+#define SMX_ROW_LoadIdentity_ma                                                                             \
     ARRAY_NO_KERNEL, (LoadIdentity), (by_type(orders::identity_shift_first, orders::identity)), (MAO, dst), \
         (W, width), (H, height), (N, count)
 #define SMX_ROW_Transpose_m SINGLE, (Transpose), (orders::single), SMX_TRANSPOSE(M, MO)
 #define SMX_ROW_Transpose_ma ARRAY_NO_DRIVER, (Transpose), (orders::array), SMX_TRANSPOSE(MA, MAO)
 
+// clang-format off
 #define SMX_CATALOGUE_MOVES(ROW) \
     ROW(Copy_va) ROW(Copy_ma) ROW(Extract_v) ROW(Extract_m) ROW(Extract_t) ROW(Extract_va) ROW(Extract_ma) \
     ROW(Extract_ta) ROW(LoadIdentity_ma) ROW(Transpose_m) ROW(Transpose_ma)
+// clang-format on
 
 // ---- the whole
 
-#define SMX_CATALOGUE(ROW) SMX_CATALOGUE_SUMS(ROW) SMX_CATALOGUE_PRODUCTS(ROW) SMX_CATALOGUE_LU(ROW) \
-    SMX_CATALOGUE_CHOLESKY(ROW) SMX_CATALOGUE_QR(ROW) SMX_CATALOGUE_DET_INVERT(ROW) \
-    SMX_CATALOGUE_VECTORS(ROW) \
-    SMX_CATALOGUE_EIGEN(ROW) SMX_CATALOGUE_VECTOR_ARITHMETIC(ROW) SMX_CATALOGUE_MOVES(ROW)
+// clang-format off
+#define SMX_CATALOGUE(ROW) \
+    SMX_CATALOGUE_SUMS(ROW) SMX_CATALOGUE_PRODUCTS(ROW) SMX_CATALOGUE_LU(ROW) SMX_CATALOGUE_CHOLESKY(ROW) \
+    SMX_CATALOGUE_QR(ROW) SMX_CATALOGUE_DET_INVERT(ROW) SMX_CATALOGUE_VECTORS(ROW) SMX_CATALOGUE_EIGEN(ROW) \
+    SMX_CATALOGUE_VECTOR_ARITHMETIC(ROW) SMX_CATALOGUE_MOVES(ROW)
+// clang-format on

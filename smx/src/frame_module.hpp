@@ -161,7 +161,7 @@ inline bool replaced(Function *called, Function *ours) {
 // The count comes last, unless the row places it itself.
 #define SMX_STAMP_ARRAY(name, T, type, family, ...) \
     SMX_STAMP_ARRAY_COUNTED(name, T, type, family, __VA_ARGS__, (N, count))
-#define SMX_STAMP_ARRAY_COUNTED(name, T, type, family, ...)                 \
+#define SMX_STAMP_ARRAY_COUNTED(name, T, type, family, ...)     \
     SMX_STAMP_ARRAY_KERNELS(name, T, type, family, __VA_ARGS__) \
     SMX_STAMP_LIST_KERNELS(name, T, type, family, __VA_ARGS__)  \
     SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__)
@@ -189,12 +189,12 @@ inline bool replaced(Function *called, Function *ours) {
                    __VA_ARGS__)                                                                                 \
     SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__, (N, count))
 
-#define SMX_STAMP_VIA_P(name, inner, T, type, family, ...)                                                          \
-    SMX_KERNEL(ownsmx##name##_##type, Plain, A, T, family, __VA_ARGS__, (N, count))                                 \
-    SMX_KERNEL(ownsmx##name##_##type##_S2, S2, S, T, family, __VA_ARGS__, (N, count))                               \
-    SMX_KERNEL_VIA(ownsmx##name##_##type##_P, ownsmx##inner##_##type##_P, P, P, P, T, family, SMX_COUNTED,          \
-                   __VA_ARGS__)                                                                                     \
-    SMX_STAMP_LIST_KERNELS(name, T, type, family, __VA_ARGS__, (N, count))                                          \
+#define SMX_STAMP_VIA_P(name, inner, T, type, family, ...)                                                 \
+    SMX_KERNEL(ownsmx##name##_##type, Plain, A, T, family, __VA_ARGS__, (N, count))                        \
+    SMX_KERNEL(ownsmx##name##_##type##_S2, S2, S, T, family, __VA_ARGS__, (N, count))                      \
+    SMX_KERNEL_VIA(ownsmx##name##_##type##_P, ownsmx##inner##_##type##_P, P, P, P, T, family, SMX_COUNTED, \
+                   __VA_ARGS__)                                                                            \
+    SMX_STAMP_LIST_KERNELS(name, T, type, family, __VA_ARGS__, (N, count))                                 \
     SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__, (N, count))
 #define SMX_STAMP_VIA_PLAIN(name, inner, T, type, family, ...)                                                      \
     SMX_KERNEL_VIA(ownsmx##name##_##type, ownsmx##inner##_##type, Plain, A, A, T, family, SMX_COUNTED, __VA_ARGS__) \
@@ -281,44 +281,44 @@ inline bool replaced(Function *called, Function *ours) {
     }
 
 // An array row without drivers: every call runs on the calling thread.
-#define SMX_STAMP_ARRAY_NO_DRIVER(name, T, type, family, ...)                \
-    SMX_STAMP_ARRAY_KERNELS(name, T, type, family, __VA_ARGS__, (N, count))  \
-    SMX_STAMP_LIST_KERNELS(name, T, type, family, __VA_ARGS__, (N, count))   \
-    SMX_STAMP_SINGLE_INTERFACE(name, T, type, __VA_ARGS__, (N, count))       \
+#define SMX_STAMP_ARRAY_NO_DRIVER(name, T, type, family, ...)               \
+    SMX_STAMP_ARRAY_KERNELS(name, T, type, family, __VA_ARGS__, (N, count)) \
+    SMX_STAMP_LIST_KERNELS(name, T, type, family, __VA_ARGS__, (N, count))  \
+    SMX_STAMP_SINGLE_INTERFACE(name, T, type, __VA_ARGS__, (N, count))      \
     SMX_STAMP_LIST_ALONE(name, T, type, __VA_ARGS__, (N, count))
-#define SMX_STAMP_LIST_ALONE(name, T, type, ...)                                                           \
-    SMX_FUNCTION(smx##name##_##type##_L, L, T, __VA_ARGS__) {                                              \
-        return smx::enter<T, smx::rules_##name, smx::Layout::list>(                                        \
-            [] { return smxStsNoErr; }, SMX_CALL(ownsmx##name##_##type##_L, LA, T, __VA_ARGS__),           \
+#define SMX_STAMP_LIST_ALONE(name, T, type, ...)                                                             \
+    SMX_FUNCTION(smx##name##_##type##_L, L, T, __VA_ARGS__) {                                                \
+        return smx::enter<T, smx::rules_##name, smx::Layout::list>(                                          \
+            [] { return smxStsNoErr; }, SMX_CALL(ownsmx##name##_##type##_L, LA, T, __VA_ARGS__),             \
             SMX_CALL(ownsmx##name##_##type##_LS2, L, T, __VA_ARGS__), SMX_LIST(OPERAND, L, T, __VA_ARGS__)); \
     }
 
 // Rows without kernels: the work stands in the interface functions. An array row places its count itself.
-#define SMX_STAMP_SINGLE_NO_KERNEL(name, T, type, family, ...)                           \
-    SMX_ALONE(smx##name##_##type, name, S2, S, S, strided, T, family, , __VA_ARGS__)     \
+#define SMX_STAMP_SINGLE_NO_KERNEL(name, T, type, family, ...)                       \
+    SMX_ALONE(smx##name##_##type, name, S2, S, S, strided, T, family, , __VA_ARGS__) \
     SMX_ALONE(smx##name##_##type##_P, name, P, P, P, pointers, T, family, , __VA_ARGS__)
-#define SMX_STAMP_ARRAY_NO_KERNEL(name, T, type, family, ...)                \
-    SMX_STAMP_SINGLE_NO_KERNEL(name, T, type, family, __VA_ARGS__)           \
+#define SMX_STAMP_ARRAY_NO_KERNEL(name, T, type, family, ...)      \
+    SMX_STAMP_SINGLE_NO_KERNEL(name, T, type, family, __VA_ARGS__) \
     SMX_ALONE(smx##name##_##type##_L, name, LS2, L, L, list, T, family, , __VA_ARGS__)
 // A source and a destination, each in its own layout; the order of the checks goes by the destination's.
-#define SMX_STAMP_COPY(name, T, type, family, source, ...)                                    \
-    SMX_ALONE(smx##name##_##type##_SS, name, S2, S, S, strided, T, family, source, __VA_ARGS__)  \
-    SMX_ALONE(smx##name##_##type##_SP, name, S2, S, P, pointers, T, family, source, __VA_ARGS__) \
-    SMX_ALONE(smx##name##_##type##_SL, name, S2, S, L, list, T, family, source, __VA_ARGS__)     \
-    SMX_ALONE(smx##name##_##type##_PS, name, P, P, S, strided, T, family, source, __VA_ARGS__)   \
-    SMX_ALONE(smx##name##_##type##_PP, name, P, P, P, pointers, T, family, source, __VA_ARGS__)  \
-    SMX_ALONE(smx##name##_##type##_PL, name, P, P, L, list, T, family, source, __VA_ARGS__)      \
-    SMX_ALONE(smx##name##_##type##_LS, name, LS2, L, S, strided, T, family, source, __VA_ARGS__) \
+#define SMX_STAMP_COPY(name, T, type, family, source, ...)                                        \
+    SMX_ALONE(smx##name##_##type##_SS, name, S2, S, S, strided, T, family, source, __VA_ARGS__)   \
+    SMX_ALONE(smx##name##_##type##_SP, name, S2, S, P, pointers, T, family, source, __VA_ARGS__)  \
+    SMX_ALONE(smx##name##_##type##_SL, name, S2, S, L, list, T, family, source, __VA_ARGS__)      \
+    SMX_ALONE(smx##name##_##type##_PS, name, P, P, S, strided, T, family, source, __VA_ARGS__)    \
+    SMX_ALONE(smx##name##_##type##_PP, name, P, P, P, pointers, T, family, source, __VA_ARGS__)   \
+    SMX_ALONE(smx##name##_##type##_PL, name, P, P, L, list, T, family, source, __VA_ARGS__)       \
+    SMX_ALONE(smx##name##_##type##_LS, name, LS2, L, S, strided, T, family, source, __VA_ARGS__)  \
     SMX_ALONE(smx##name##_##type##_LP, name, LS2, L, P, pointers, T, family, source, __VA_ARGS__) \
     SMX_ALONE(smx##name##_##type##_LL, name, LS2, L, L, list, T, family, source, __VA_ARGS__)
 // An interface function that does the work. A row's first operand may have a layout of its own.
-#define SMX_ALONE(function, name, tier, first_layout, layout, layout_name, T, family, first, ...)                  \
-    extern "C" SMX_API SmxStatus function(SMX_LIST_BEHIND(PARAM, first_layout, layout, T, first, __VA_ARGS__)) {   \
-        using namespace smx;                                                                                       \
-        if (const SmxStatus status = first_failure<T, rules_##name, smx::Layout::layout_name>(                     \
-                SMX_LIST_BEHIND(OPERAND, first_layout, layout, T, first, __VA_ARGS__));                            \
-            status != smxStsNoErr)                                                                                 \
-            return status;                                                                                         \
+#define SMX_ALONE(function, name, tier, first_layout, layout, layout_name, T, family, first, ...)                   \
+    extern "C" SMX_API SmxStatus function(SMX_LIST_BEHIND(PARAM, first_layout, layout, T, first, __VA_ARGS__)) {    \
+        using namespace smx;                                                                                        \
+        if (const SmxStatus status = first_failure<T, rules_##name, smx::Layout::layout_name>(                      \
+                SMX_LIST_BEHIND(OPERAND, first_layout, layout, T, first, __VA_ARGS__));                             \
+            status != smxStsNoErr)                                                                                  \
+            return status;                                                                                          \
         return SMX_BARE family::run(tier{}, SMX_LIST_BEHIND(OPERAND, first_layout, layout, T, first, __VA_ARGS__)); \
     }
 #define SMX_LIST_BEHIND(group, first_layout, layout, T, first, ...) \
@@ -392,33 +392,33 @@ inline bool replaced(Function *called, Function *ours) {
         return smx::enter<T, smx::rules_##name, smx::Layout::pointers>([] { return smxStsNoErr; }, kernel, kernel, \
                                                                        SMX_LIST(OPERAND, P, T, __VA_ARGS__));      \
     }
-#define SMX_STAMP_ARRAY_ONE_KERNEL(name, T, type, family, ...)                      \
-    SMX_ONE_KERNEL_ARRAY(name##_##type, name, S2, S, strided, T, family, __VA_ARGS__)   \
+#define SMX_STAMP_ARRAY_ONE_KERNEL(name, T, type, family, ...)                            \
+    SMX_ONE_KERNEL_ARRAY(name##_##type, name, S2, S, strided, T, family, __VA_ARGS__)     \
     SMX_ONE_KERNEL_ARRAY(name##_##type##_P, name, P, P, pointers, T, family, __VA_ARGS__) \
     SMX_ONE_KERNEL_ARRAY(name##_##type##_L, name, LS2, L, list, T, family, __VA_ARGS__)
-#define SMX_ONE_KERNEL_ARRAY(function, name, tier, layout, layout_name, T, family, ...)                              \
-    SMX_KERNEL(ownsmx##function, tier, layout, T, family, __VA_ARGS__)                                               \
-    SMX_FUNCTION(ownOMP_smx##function, layout, T, __VA_ARGS__);                                                      \
-    SMX_FUNCTION(smx##function, layout, T, __VA_ARGS__) {                                                            \
-        const auto kernel = SMX_CALL(ownsmx##function, layout, T, __VA_ARGS__);                                      \
-        return smx::enter<T, smx::rules_##name, smx::Layout::layout_name>(                                           \
-            SMX_CALL(ownOMP_smx##function, layout, T, __VA_ARGS__), kernel, kernel,                                  \
-            SMX_LIST(OPERAND, layout, T, __VA_ARGS__));                                                              \
+#define SMX_ONE_KERNEL_ARRAY(function, name, tier, layout, layout_name, T, family, ...) \
+    SMX_KERNEL(ownsmx##function, tier, layout, T, family, __VA_ARGS__)                  \
+    SMX_FUNCTION(ownOMP_smx##function, layout, T, __VA_ARGS__);                         \
+    SMX_FUNCTION(smx##function, layout, T, __VA_ARGS__) {                               \
+        const auto kernel = SMX_CALL(ownsmx##function, layout, T, __VA_ARGS__);         \
+        return smx::enter<T, smx::rules_##name, smx::Layout::layout_name>(              \
+            SMX_CALL(ownOMP_smx##function, layout, T, __VA_ARGS__), kernel, kernel,     \
+            SMX_LIST(OPERAND, layout, T, __VA_ARGS__));                                 \
     }
 
-#define SMX_STAMP_DRIVERS_ARRAY_ONE_KERNEL(name, T, type, query, ...)          \
-    SMX_ONE_KERNEL_DRIVER(name##_##type, S, T, query##_##type, __VA_ARGS__)    \
+#define SMX_STAMP_DRIVERS_ARRAY_ONE_KERNEL(name, T, type, query, ...)           \
+    SMX_ONE_KERNEL_DRIVER(name##_##type, S, T, query##_##type, __VA_ARGS__)     \
     SMX_ONE_KERNEL_DRIVER(name##_##type##_P, P, T, query##_##type, __VA_ARGS__) \
     SMX_ONE_KERNEL_DRIVER(name##_##type##_L, L, T, query##_##type, __VA_ARGS__)
-#define SMX_ONE_KERNEL_DRIVER(function, layout, T, query, ...)                                                \
-    SMX_FUNCTION(ownsmx##function, layout, T, __VA_ARGS__);                                                   \
-    SMX_FUNCTION(ownOMP_smx##function, layout, T, __VA_ARGS__) {                                              \
-        int bytes = 0;                                                                                        \
-        query(widthHeight, &bytes);                                                                           \
-        return smx::drive(                                                                                    \
-            count,                                                                                            \
+#define SMX_ONE_KERNEL_DRIVER(function, layout, T, query, ...)                                                    \
+    SMX_FUNCTION(ownsmx##function, layout, T, __VA_ARGS__);                                                       \
+    SMX_FUNCTION(ownOMP_smx##function, layout, T, __VA_ARGS__) {                                                  \
+        int bytes = 0;                                                                                            \
+        query(widthHeight, &bytes);                                                                               \
+        return smx::drive(                                                                                        \
+            count,                                                                                                \
             [&](std::ptrdiff_t first) { return smx::all_fit(first, SMX_LIST(OPERAND, layout, T, __VA_ARGS__)); }, \
-            SMX_CALL(ownsmx##function, layout, T, __VA_ARGS__),                                               \
-            [&](const smx::Share &share) { return ownsmx##function(SMX_LIST(SHARE, layout, T, __VA_ARGS__)); }, \
-            static_cast<std::size_t>(bytes));                                                                 \
+            SMX_CALL(ownsmx##function, layout, T, __VA_ARGS__),                                                   \
+            [&](const smx::Share &share) { return ownsmx##function(SMX_LIST(SHARE, layout, T, __VA_ARGS__)); },   \
+            static_cast<std::size_t>(bytes));                                                                     \
     }

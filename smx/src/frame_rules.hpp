@@ -68,10 +68,9 @@ inline constexpr Order copy{{null, size, count, rows, shifts, object_strides},
                             {null, size, count, rows, shifts, object_strides},
                             {null, size, count, rows, shifts, object_strides}};
 // Copy va for float into pointers: shifts before strides.
-inline constexpr Order copy_shifts_first{
-    {null, size, count, rows, shifts, object_strides},
-    {null, size, count, shifts, rows, object_strides},
-    {null, size, count, rows, shifts, object_strides}};
+inline constexpr Order copy_shifts_first{{null, size, count, rows, shifts, object_strides},
+                                         {null, size, count, shifts, rows, object_strides},
+                                         {null, size, count, rows, shifts, object_strides}};
 inline constexpr Order extract{
     {null, size, count, strides}, {null, size, count, shifts, strides}, {null, size, count, shifts, strides}};
 // Extract of one object: the pointer members test their size ahead of all, but for v in float, which is `single`.

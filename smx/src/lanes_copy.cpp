@@ -62,10 +62,10 @@ int blocks(const LanePlan &plan, int first, int last) {
     switch (bytes) {
 #define SMX_BLOCK(size) \
     case size: rows(plan, first, last, height, fixed<size>); return last;
-        SMX_BLOCK(12)
-        SMX_BLOCK(16)
-        SMX_BLOCK(20) SMX_BLOCK(24) SMX_BLOCK(32) SMX_BLOCK(36) SMX_BLOCK(40) SMX_BLOCK(48) SMX_BLOCK(64) SMX_BLOCK(72)
-            SMX_BLOCK(100) SMX_BLOCK(128) SMX_BLOCK(144) SMX_BLOCK(200) SMX_BLOCK(288)
+        // clang-format off
+        SMX_BLOCK(12) SMX_BLOCK(16) SMX_BLOCK(20) SMX_BLOCK(24) SMX_BLOCK(32) SMX_BLOCK(36) SMX_BLOCK(40) SMX_BLOCK(48)
+        SMX_BLOCK(64) SMX_BLOCK(72) SMX_BLOCK(100) SMX_BLOCK(128) SMX_BLOCK(144) SMX_BLOCK(200) SMX_BLOCK(288)
+        // clang-format on
 #undef SMX_BLOCK
                 default : rows(plan, first, last, height, [&](Byte *to, const Byte *from) {
                     std::memmove(to, from, static_cast<std::size_t>(bytes));
