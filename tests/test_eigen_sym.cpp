@@ -98,23 +98,27 @@ TYPED_TEST(EigenSym, DecomposesWithSmallResidualsInOrder) {
                         }
                         ASSERT_LT(norm(minus(identity(n), z * transposed(z))) / (n * eps<T>), 30);
                         ++objects;
-                        if (spectrum != Spectrum::random && spectrum != Spectrum::diagonal &&
-                            (apart / unit > 30 || norm(minus(a, z * d * transposed(z))) / unit > 30)) {
+                        // The reduction passes over columns whose squares sum to no more than eps, and those that
+                        // lie as close to their axis: what it leaves behind may show where a spectrum is tight.
+                        const bool tight = spectrum != Spectrum::random && spectrum != Spectrum::diagonal;
+                        const Real passed_over = std::sqrt(2 * eps<T> * std::max<Real>(1, norm(a)));
+                        const Real bound = 30 * unit + (tight ? n * passed_over : 0);
+                        const Real residual = norm(minus(a, z * d * transposed(z)));
+                        if (tight && (apart > bound || residual > bound)) {
                             ++skipped;
                             continue;
                         }
-                        ASSERT_LT(apart / unit, 30);
-                        ASSERT_LT(norm(minus(a, z * d * transposed(z))) / unit, 30);
+                        ASSERT_LT(apart, bound);
+                        ASSERT_LT(residual, bound);
 #ifdef SMX_TEST_LAPACK
                         std::vector<double> full(a.e.begin(), a.e.end()), w(n);
                         LAPACKE_dsyev(LAPACK_ROW_MAJOR, 'N', 'L', n, full.data(), n, w.data());
                         for (int i = 0; i < n && n > 2; ++i)
-                            ASSERT_LT(std::fabs(w[n - 1 - i] - r.alone[k * n + i]) / unit, 30);
+                            ASSERT_LT(std::fabs(w[n - 1 - i] - r.alone[k * n + i]), bound);
 #endif
                     }
                 }
-    // What the absolute tolerances cost close clusters, float above all (the header tells): a few in a hundred.
-    EXPECT_LT(skipped, objects / 25);
+    EXPECT_LT(skipped, objects / 200);
 }
 
 // Arrays are what arrays of one object give, bit for bit, in every form and for every thread count; a share stops at
