@@ -56,7 +56,8 @@ extern "C" {
  * the sum of the squares of all elements (the trace may hold all the same); where they differ, multiply the matrix by a
  * factor, shift its diagonal, or take its rows and columns in another order, call again, undo it, and compare once more.
  * No one remedy helps every matrix. The forms round differently: that one of them is right says nothing about another.
- * Random matrices hardly ever meet this, structured ones do (equal or evenly spaced elements). */
+ * Random matrices hardly ever meet this; structured ones do (equal or evenly spaced elements), and float matrices of
+ * side 8 and up whose values spread over a factor of 100 often do. */
 SMX_API SmxStatus smxEigenValuesSym_m_32f(const float *src, int srcStride1, int srcStride2, float *buffer,
                                           float *dstValues, int widthHeight);
 SMX_API SmxStatus smxEigenValuesSym_m_32f_P(const float *const *src, int srcRoiShift, float *buffer, float *dstValues,
