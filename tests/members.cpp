@@ -187,7 +187,7 @@ Call::Call(const Member &member, const Shape &shape) : member_(member), shape_(s
     for (const bool first : {true, false})
         for (const Operand &o : member.row->operands)
             if (aside(o) == first) place(o);
-    memory_.resize(memory_.size() + 8192, 0xa5); // room behind the last operand for one that is moved on
+    memory_.resize(memory_.size() + 32768, 0xa5); // room behind the last operand for one that is moved on
     for (const Operand &o : member.row->operands) fill(o);
     for (const Operand &o : member.row->operands) describe(o);
 }
