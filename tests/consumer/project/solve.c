@@ -3,8 +3,9 @@
 #include <smx.h>
 #include <string.h>
 
+/* The double in front keeps the size a multiple of 8 also where the ABI aligns doubles to 4: strides must be. */
 struct body {
-    int id;
+    double mass;
     double inertia[3][3];
     double torque[3];
 };
