@@ -63,7 +63,8 @@ struct EigenValuesGeneral {
         const auto objects =
             until_failure([&](int k) { return one(src.object(k, n), re.object(k), im.object(k), n, buffer.base); });
         if (n < 3 || n > 6) return objects(0, count.value);
-        const LanePlan plan = lane_plan(count.value, {{src.lanes(n, n), SameObject::any}}, {re.lanes(n), im.lanes(n)});
+        const LanePlan plan = lane_plan(count.value, {{src.lanes(n, n), SameObject::any}}, {re.lanes(n), im.lanes(n)},
+                                        eigen_groups_at_once<T>);
         return for_each_object<T>(
             plan, [&](int k) { return SMX_ON_ALL_LANES(k, eigen_lanes, plan, n); }, objects);
     }

@@ -50,8 +50,8 @@ struct Columns {
 inline int first_row(int row) {
     return row;
 }
-template <class T>
-inline int first_row(Pack<T>) {
+template <class Lanes>
+inline int first_row(Lanes) {
     return 1;
 }
 
@@ -378,7 +378,8 @@ struct DoubleShift {
         const int last_row = !three || k + 3 > bottom ? bottom : k + 3;
         for (int j = k; j <= last_column; ++j)
             reflect<three>(h(k, j), h(k + 1, j), three ? &h(k + 2, j) : nullptr, now, t1, t2, t3);
-        for (int j = Form::whole_form ? 1 : first_row(low); j <= last_row; ++j)
+        // From the last row up: the next step begins with the last ones.
+        for (int j = last_row; j >= (Form::whole_form ? 1 : first_row(low)); --j)
             reflect<three>(h(j, k), h(j, k + 1), three ? &h(j, k + 2) : nullptr, now, t1, t2, t3);
         if constexpr (Form::whole_form)
             for (int j = 1; j <= n; ++j)

@@ -30,6 +30,30 @@ inline void store_element(const Byte *to, T value) {
     std::memcpy(const_cast<Byte *>(to), &value, sizeof value);
 }
 
+// ---- where the W objects of a group start
+
+// One every `apart` bytes: constant displacements.
+template <std::ptrdiff_t apart>
+struct PackedRows {
+    const Byte *start;
+    const Byte *operator[](int l) const { return start + l * apart; }
+};
+// One every `step` bytes: what does not fit into registers together is computed on the way.
+template <int W>
+struct StridedRows {
+    const Byte *fours[(W + 3) / 4];
+    std::ptrdiff_t step, thrice;
+    StridedRows(const Byte *start, std::ptrdiff_t s) : step(s), thrice(3 * s) {
+        for (int q = 0; q < (W + 3) / 4; ++q) fours[q] = at(start, 4 * q * s);
+    }
+    const Byte *operator[](int l) const { return at(fours[l / 4], l % 4 == 3 ? thrice : l % 4 * step); }
+};
+struct ListedRows {
+    const void *const *table;
+    std::ptrdiff_t shift;
+    const Byte *operator[](int l) const { return at(table[l], shift); }
+};
+
 // ---- chunks: 16 bytes of each of W rows, transposed
 
 template <class T>
@@ -157,8 +181,8 @@ inline void store_part(const Byte *at, __m128 part) {
 }
 
 // C elements at `offset` of each of the W rows.
-template <class T, int C>
-[[gnu::always_inline]] inline void load_chunk(const Byte *const *rows, std::ptrdiff_t offset, Pack<T> *out) {
+template <class T, int C, class Rows>
+[[gnu::always_inline]] inline void load_chunk(const Rows &rows, std::ptrdiff_t offset, Pack<T> *out) {
     constexpr int K = chunk_elements<T>;
     Wide x[K];
 #pragma GCC unroll 4
@@ -172,8 +196,8 @@ template <class T, int C>
 #pragma GCC unroll 4
     for (int c = 0; c < C; ++c) out[c] = reinterpret_cast<typename Pack<T>::Vector>(x[c]);
 }
-template <class T, int C>
-[[gnu::always_inline]] inline void store_chunk(const Byte *const *rows, std::ptrdiff_t offset, const Pack<T> *in) {
+template <class T, int C, class Rows>
+[[gnu::always_inline]] inline void store_chunk(const Rows &rows, std::ptrdiff_t offset, const Pack<T> *in) {
     constexpr int K = chunk_elements<T>;
     Wide x[K];
     __m128 part[K][chunk_parts];
@@ -186,14 +210,14 @@ template <class T, int C>
     for (int l = 0; l < Pack<T>::width; ++l) store_part<T, C>(rows[l] + offset, part[l % K][l / K]);
 }
 #else
-template <class T, int C>
-inline void load_chunk(const Byte *const *rows, std::ptrdiff_t offset, Pack<T> *out) {
+template <class T, int C, class Rows>
+inline void load_chunk(const Rows &rows, std::ptrdiff_t offset, Pack<T> *out) {
     for (int c = 0; c < C; ++c)
         for (int l = 0; l < Pack<T>::width; ++l)
             out[c].v[l] = load_element<T>(rows[l] + offset + c * static_cast<std::ptrdiff_t>(sizeof(T)));
 }
-template <class T, int C>
-inline void store_chunk(const Byte *const *rows, std::ptrdiff_t offset, const Pack<T> *in) {
+template <class T, int C, class Rows>
+inline void store_chunk(const Rows &rows, std::ptrdiff_t offset, const Pack<T> *in) {
     for (int c = 0; c < C; ++c)
         for (int l = 0; l < Pack<T>::width; ++l)
             store_element<T>(rows[l] + offset + c * static_cast<std::ptrdiff_t>(sizeof(T)), in[c].v[l]);
@@ -231,8 +255,8 @@ inline void scatter(const Byte *const *rows, std::ptrdiff_t offset, Pack<T> x) {
 
 // Runs of L adjacent elements. The last chunk of a long run goes back over elements already done rather than past its
 // end.
-template <class T, int L, int first = 0>
-[[gnu::always_inline]] inline void load_run(const Byte *const *rows, std::ptrdiff_t offset, Pack<T> *out) {
+template <class T, int L, int first = 0, class Rows>
+[[gnu::always_inline]] inline void load_run(const Rows &rows, std::ptrdiff_t offset, Pack<T> *out) {
     constexpr int K = chunk_elements<T>;
     constexpr std::ptrdiff_t size = sizeof(T);
     if constexpr (first + K <= L) {
@@ -244,8 +268,8 @@ template <class T, int L, int first = 0>
         load_chunk<T, L>(rows, offset, out);
     }
 }
-template <class T, int L, int first = 0>
-[[gnu::always_inline]] inline void store_run(const Byte *const *rows, std::ptrdiff_t offset, const Pack<T> *in) {
+template <class T, int L, int first = 0, class Rows>
+[[gnu::always_inline]] inline void store_run(const Rows &rows, std::ptrdiff_t offset, const Pack<T> *in) {
     constexpr int K = chunk_elements<T>;
     constexpr std::ptrdiff_t size = sizeof(T);
     if constexpr (first + K <= L) {
@@ -301,7 +325,7 @@ template <class T, class Map, int registers, int... k>
     ((out[k] = Rearranged<T, Map, k, registers>::of(in, lanes)), ...);
 }
 
-// Objects of L elements side by side, W of them in L registers, and one pack an element; the other is the way back.
+// W objects of L elements, side by side in L registers, and one pack an element; put_together is the way back.
 template <class T, int L>
 struct TakeApart {
     static constexpr int at(int e) { return e % Pack<T>::width * L + e / Pack<T>::width; }
@@ -310,22 +334,100 @@ template <class T, int L>
 struct PutTogether {
     static constexpr int at(int e) { return e % L * Pack<T>::width + e / L; }
 };
+// For an even L in two steps, of which each looks at half of the registers. First the even (odd) elements of registers
+// k and k + L / 2, which hold the same elements of objects that are W / 2 apart; both 16 bytes of the one, then of the
+// other register.
+template <class T, int L>
+struct Halves {
+    static constexpr int W = Pack<T>::width, K = chunk_elements<T>;
+    // Where element `position` of register k and that of register k + L / 2 have gone.
+    static constexpr int place(int position, int second) {
+        return position / K * K + position % K / 2 + second * (K / 2);
+    }
+    template <int odd>
+    struct Split {
+        static constexpr int at(int l) { return l % K / (K / 2) * W + l / K * K + l % (K / 2) * 2 + odd; }
+    };
+    struct TakeApart { // of the even registers, or of the odd
+        static constexpr int at(int e) {
+            const int l = e % W, from = l % (W / 2) * L + e / W * 2;
+            return from / W * W + place(from % W, l / (W / 2));
+        }
+    };
+    struct PutTogether {
+        static constexpr int at(int e) {
+            const int k = e / W, l = e % W, second = l % K / (K / 2);
+            const int from = k * W + l / K * K + l % (K / 2) * 2;
+            return from % L / 2 * W + from / L + second * (W / 2);
+        }
+    };
+    template <int second>
+    struct Join { // of an even and an odd register
+        static constexpr int at(int l) { return l % 2 * W + place(l / 2 * 2, second); }
+    };
+};
+template <class T, int L>
+[[gnu::always_inline]] inline void take_apart(const Pack<T> *in, Pack<T> *out) {
+    if constexpr (L % 2 == 0) {
+        using H = Halves<T, L>;
+        constexpr int half = L / 2;
+        constexpr auto registers = std::make_integer_sequence<int, half>{};
+        constexpr auto one = std::make_integer_sequence<int, 1>{};
+        Pack<T> even[half], odd[half], result[half];
+        for (int k = 0; k < half; ++k) {
+            const Pack<T> two[2] = {in[k], in[k + half]};
+            rearrange<T, typename H::template Split<0>, 2>(two, even + k, one);
+            rearrange<T, typename H::template Split<1>, 2>(two, odd + k, one);
+        }
+        rearrange<T, typename H::TakeApart, half>(even, result, registers);
+        for (int k = 0; k < half; ++k) out[2 * k] = result[k];
+        rearrange<T, typename H::TakeApart, half>(odd, result, registers);
+        for (int k = 0; k < half; ++k) out[2 * k + 1] = result[k];
+    } else {
+        rearrange<T, TakeApart<T, L>, L>(in, out, std::make_integer_sequence<int, L>{});
+    }
+}
+template <class T, int L>
+[[gnu::always_inline]] inline void put_together(const Pack<T> *in, Pack<T> *out) {
+    if constexpr (L % 2 == 0) {
+        using H = Halves<T, L>;
+        constexpr int half = L / 2;
+        constexpr auto registers = std::make_integer_sequence<int, half>{};
+        constexpr auto one = std::make_integer_sequence<int, 1>{};
+        Pack<T> even[half], odd[half], source[half];
+        for (int k = 0; k < half; ++k) source[k] = in[2 * k];
+        rearrange<T, typename H::PutTogether, half>(source, even, registers);
+        for (int k = 0; k < half; ++k) source[k] = in[2 * k + 1];
+        rearrange<T, typename H::PutTogether, half>(source, odd, registers);
+        for (int k = 0; k < half; ++k) {
+            const Pack<T> two[2] = {even[k], odd[k]};
+            rearrange<T, typename H::template Join<0>, 2>(two, out + k, one);
+            rearrange<T, typename H::template Join<1>, 2>(two, out + k + half, one);
+        }
+    } else {
+        rearrange<T, PutTogether<T, L>, L>(in, out, std::make_integer_sequence<int, L>{});
+    }
+}
 template <class T, int L>
 [[gnu::always_inline]] inline void load_side_by_side(const Byte *from, Pack<T> *out) {
     Pack<T> in[L];
     for (int k = 0; k < L; ++k) in[k] = load_pack<T>(from + k * pack_bytes);
-    rearrange<T, TakeApart<T, L>, L>(in, out, std::make_integer_sequence<int, L>{});
+    take_apart<T, L>(in, out);
 }
 template <class T, int L>
 [[gnu::always_inline]] inline void store_side_by_side(const Byte *to, const Pack<T> *in) {
     Pack<T> out[L];
-    rearrange<T, PutTogether<T, L>, L>(in, out, std::make_integer_sequence<int, L>{});
+    put_together<T, L>(in, out);
     for (int k = 0; k < L; ++k) store_pack(const_cast<Byte *>(to + k * pack_bytes), out[k]);
 }
 #else
 constexpr bool rearranges = false;
 template <class T, class Map, int k, int registers>
 struct Rearranged;
+template <class T, class Map, int registers, class Registers>
+void rearrange(const Pack<T> *in, Pack<T> *out, Registers);
+template <class T, int L>
+void take_apart(const Pack<T> *in, Pack<T> *out);
 template <class T, int L>
 void load_side_by_side(const Byte *from, Pack<T> *out);
 template <class T, int L>
@@ -356,6 +458,10 @@ void store_end(const Byte *to, Pack<T> x);
 #endif
 
 // ---- groups of R by C objects (a vector is one row)
+
+// What a loop knows of its operands: objects without gaps behind each other (single elements too), or at a stride, or
+// listed. In the latter two, single elements may be anywhere.
+enum class Known { nothing, packed, strided, listed };
 
 template <class T, int R, int C>
 struct LaneAccess {
@@ -485,24 +591,39 @@ struct LaneAccess {
         store_here(n, in);
     }
 
-    // Short vectors, or single elements, one object's behind the other's: so little to do that the way is chosen ahead
-    // of the loop (each_group_by).
-    bool side_by_side() const {
-        if (o.single || o.addressing != Addressing::strided) return false;
-        return R * C == 1 ? way == Way::across : few && packed;
+    // Is the layout known to be this one?
+    bool is(Known known) const {
+        if (known == Known::nothing) return true;
+        if (o.single || o.transposed) return false;
+        if (known == Known::packed)
+            return R * C == 1 ? o.addressing == Addressing::strided && way == Way::across : packed;
+        if (R * C == 1) return true;
+        return way == Way::rows && dense &&
+               o.addressing == (known == Known::listed ? Addressing::list : Addressing::strided);
     }
-    template <bool known_side_by_side>
+    // Inlined, and nothing decided, where something is known.
+    template <Known known>
     [[gnu::always_inline]] void load_by(int n, Num *out) const {
-        const Byte *const from = at(o.base, n * R * C * size);
-        if constexpr (known_side_by_side && R * C == 1) *out = load_pack<T>(from);
-        else if constexpr (known_side_by_side && few) load_side_by_side<T, R * C>(from, out);
+        const Byte *const packed_at = at(o.base, n * R * C * size);
+        if constexpr (known == Known::packed && R * C == 1) *out = load_pack<T>(packed_at);
+        else if constexpr (known == Known::packed && few) load_side_by_side<T, R * C>(packed_at, out);
+        else if constexpr (known == Known::packed) load_run<T, R * C>(PackedRows<R * C * size>{packed_at}, 0, out);
+        else if constexpr (known == Known::strided && R * C > 1)
+            load_run<T, R * C>(StridedRows<W>(at(o.base, n * o.stride0), o.stride0), 0, out);
+        else if constexpr (known == Known::listed && R * C > 1)
+            load_run<T, R * C>(ListedRows{o.table + n, o.shift}, 0, out);
         else load_there(n, out);
     }
-    template <bool known_side_by_side>
+    template <Known known>
     [[gnu::always_inline]] void store_by(int n, const Num *in) const {
-        const Byte *const to = at(o.base, n * R * C * size);
-        if constexpr (known_side_by_side && R * C == 1) store_pack(const_cast<Byte *>(to), *in);
-        else if constexpr (known_side_by_side && few) store_side_by_side<T, R * C>(to, in);
+        const Byte *const packed_at = at(o.base, n * R * C * size);
+        if constexpr (known == Known::packed && R * C == 1) store_pack(const_cast<Byte *>(packed_at), *in);
+        else if constexpr (known == Known::packed && few) store_side_by_side<T, R * C>(packed_at, in);
+        else if constexpr (known == Known::packed) store_run<T, R * C>(PackedRows<R * C * size>{packed_at}, 0, in);
+        else if constexpr (known == Known::strided && R * C > 1)
+            store_run<T, R * C>(StridedRows<W>(at(o.base, n * o.stride0), o.stride0), 0, in);
+        else if constexpr (known == Known::listed && R * C > 1)
+            store_run<T, R * C>(ListedRows{o.table + n, o.shift}, 0, in);
         else store_there(n, in);
     }
 
@@ -516,10 +637,11 @@ struct LaneAccess {
     }
 };
 
-// Objects first .. count - 1 in groups: body(n) computes the group from object n on and says whether it may stand.
-template <class T, class Body>
+// Objects first .. count - 1 in groups: body(n) computes the group from object n on (or as many groups as its plan was
+// judged for) and says whether it may stand.
+template <class T, int at_once = 1, class Body>
 [[gnu::always_inline]] inline int each_group(const LanePlan &plan, int first, Body body) {
-    constexpr int W = Pack<T>::width;
+    constexpr int W = at_once * Pack<T>::width;
     int n = first;
     for (; n + W <= plan.count; n += W) {
         if (plan.verdict == Verdict::by_group && !group_is_safe(plan, n, W)) break;
@@ -528,12 +650,22 @@ template <class T, class Body>
     return n;
 }
 
-// The same with what is known of the operands: body(n, known), where `known` stands for whether all of them lie side by
-// side.
-template <class T, class Body>
-[[gnu::always_inline]] inline int each_group_by(const LanePlan &plan, int first, bool side_by_side, Body body) {
-    if (side_by_side) return each_group<T>(plan, first, [&](int n) { return body(n, std::true_type{}); });
-    return each_group<T>(plan, first, [&](int n) { return body(n, std::false_type{}); });
+// The same with what is known of the layouts of all given operands: body(n, known), `known` being a Knows. Where so little
+// is done that the way of the loads counts, it is chosen ahead of the loop; `rows` adds the strided and list layouts.
+template <Known known>
+using Knows = std::integral_constant<Known, known>;
+template <bool rows, class T, class Body, class... Operands>
+[[gnu::always_inline]] inline int each_group_by(const LanePlan &plan, int first, Body body,
+                                                const Operands &...operands) {
+    const auto all = [&](Known known) { return (operands.is(known) && ...); };
+    if (all(Known::packed)) return each_group<T>(plan, first, [&](int n) { return body(n, Knows<Known::packed>{}); });
+    if constexpr (rows) {
+        if (all(Known::strided))
+            return each_group<T>(plan, first, [&](int n) { return body(n, Knows<Known::strided>{}); });
+        if (all(Known::listed))
+            return each_group<T>(plan, first, [&](int n) { return body(n, Knows<Known::listed>{}); });
+    }
+    return each_group<T>(plan, first, [&](int n) { return body(n, Knows<Known::nothing>{}); });
 }
 
 // Where the objects of a strided or list operand start.

@@ -181,12 +181,12 @@ Verdict pair(const LaneSource &source, const LaneOperand &d, const Span &all_d, 
 
 } // namespace
 
-void judge(LanePlan &plan) {
+void judge(LanePlan &plan, int groups) {
     plan.verdict = Verdict::never;
     plan.doubts = 0;
     int width = 2;
     for (int i = 0; i < plan.results; ++i) {
-        const int lanes = lane_bytes() / plan.result[i].element;
+        const int lanes = groups * lane_bytes() / plan.result[i].element;
         width = lanes > width ? lanes : width;
     }
     if (plan.count < 2 || instruction_set() == InstructionSet::sequential) return;

@@ -50,8 +50,8 @@ struct LanePlan {
     unsigned doubts;
 };
 
-// Fills in the verdict for the widest group of the chosen instruction set.
-void judge(LanePlan &plan);
+// Fills in the verdict for the widest groups of the chosen instruction set, or for as many of them at once.
+void judge(LanePlan &plan, int groups);
 // May the objects first .. first + width - 1 be loaded before any of them is stored?
 bool group_is_safe(const LanePlan &plan, int first, int width);
 // The first object from `first` on that may not be loaded whole before it is stored.
@@ -59,17 +59,18 @@ int safe_alone_until(const LanePlan &plan, int first);
 
 inline namespace SMX_ISA {
 
-// A plan from a row's operands as LaneOperands: sources with their rule, then results.
+// A plan from a row's operands as LaneOperands: sources with their rule, then results; `groups` if more than one group
+// is loaded before it is stored.
 template <int Sources, int Results>
 [[gnu::always_inline]] inline LanePlan lane_plan(int count, const LaneSource (&sources)[Sources],
-                                                 const LaneOperand (&results)[Results]) {
+                                                 const LaneOperand (&results)[Results], int groups = 1) {
     LanePlan plan;
     for (int i = 0; i < Sources; ++i) plan.source[i] = sources[i];
     for (int i = 0; i < Results; ++i) plan.result[i] = results[i];
     plan.sources = Sources;
     plan.results = Results;
     plan.count = count;
-    judge(plan);
+    judge(plan, groups);
     return plan;
 }
 

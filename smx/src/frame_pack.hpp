@@ -251,5 +251,35 @@ inline void store_pack(void *at, Pack<T> p) {
     std::memcpy(at, &p.v, sizeof p.v);
 }
 
+// A pack of floats as two packs of doubles, and back. GCC converts whole vectors in halves of its own.
+struct DoubleHalves {
+    Pack<double> low, high;
+};
+#if defined(__AVX512F__)
+inline DoubleHalves widen(Pack<float> x) {
+    const __m512 all = reinterpret_cast<__m512>(x.v);
+    return {reinterpret_cast<Pack<double>::Vector>(_mm512_cvtps_pd(_mm512_castps512_ps256(all))),
+            reinterpret_cast<Pack<double>::Vector>(_mm512_cvtps_pd(_mm512_extractf32x8_ps(all, 1)))};
+}
+inline Pack<float> narrow(DoubleHalves x) {
+    const __m512 low = _mm512_castps256_ps512(_mm512_cvtpd_ps(reinterpret_cast<__m512d>(x.low.v)));
+    return reinterpret_cast<Pack<float>::Vector>(
+        _mm512_insertf32x8(low, _mm512_cvtpd_ps(reinterpret_cast<__m512d>(x.high.v)), 1));
+}
+#else
+typedef float HalfOfFloats __attribute__((vector_size(pack_bytes / 2)));
+inline DoubleHalves widen(Pack<float> x) {
+    HalfOfFloats half[2];
+    std::memcpy(half, &x.v, sizeof half);
+    return {__builtin_convertvector(half[0], Pack<double>::Vector),
+            __builtin_convertvector(half[1], Pack<double>::Vector)};
+}
+inline Pack<float> narrow(DoubleHalves x) {
+    const HalfOfFloats half[2] = {__builtin_convertvector(x.low.v, HalfOfFloats),
+                                  __builtin_convertvector(x.high.v, HalfOfFloats)};
+    return load_pack<float>(half);
+}
+#endif
+
 } // namespace SMX_ISA
 } // namespace smx

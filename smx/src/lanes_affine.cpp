@@ -13,14 +13,16 @@ int affine_lanes(const LanePlan &plan, bool *bad, int first) {
     Num m[4][4];
     matrix.load(0, &m[0][0]);
     Mask<float> good(true);
-    const bool side_by_side = src.side_by_side() && dst.side_by_side();
-    const int done = each_group_by<float>(plan, first, side_by_side, [&](int n, auto known) {
-        Num point[3], out[3];
-        src.load_by<known>(n, point);
-        good = good & transform_point(m, point, out);
-        dst.store_by<known>(n, out);
-        return true;
-    });
+    const int done = each_group_by<false, float>(
+        plan, first,
+        [&](int n, auto known) {
+            Num point[3], out[3];
+            src.load_by<known>(n, point);
+            good = good & transform_point(m, point, out);
+            dst.store_by<known>(n, out);
+            return true;
+        },
+        src, dst);
     *bad = *bad || !all(good);
     return done;
 }

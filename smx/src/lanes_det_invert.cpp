@@ -13,30 +13,36 @@ int determinants(const LanePlan &plan, int first) {
     using Num = Pack<T>;
     const LaneAccess<T, N, N> src(plan.source[0].operand);
     const LaneAccess<T, 1, 1> dst(plan.result[0]);
-    return each_group<T>(plan, first, [&](int n) {
-        Num a[N][N];
-        src.load(n, &a[0][0]);
-        const Num det = determinant(a);
-        dst.store(n, &det);
-        return true;
-    });
+    return each_group_by<(N <= 4), T>(
+        plan, first,
+        [&](int n, auto known) {
+            Num a[N][N];
+            src.template load_by<known>(n, &a[0][0]);
+            const Num det = determinant(a);
+            dst.template store_by<known>(n, &det);
+            return true;
+        },
+        src, dst);
 }
 
 template <class T, int N>
 int invert(const LanePlan &plan, int first) {
     using Num = Pack<T>;
-    constexpr T tolerance = size_cubed_tolerance<T>(N);
     const LaneAccess<T, N, N> src(plan.source[0].operand), dst(plan.result[0]);
-    return each_group<T>(plan, first, [&](int n) {
-        Num a[N][N], inverse[N][N];
-        Cofactors<Num, N> cofactors;
-        Failure<Num> failure;
-        src.load(n, &a[0][0]);
-        cofactors.invert(a, inverse, failure, [](Num det) { return !(magnitude(det) >= tolerance); });
-        if (failure.any()) return false;
-        dst.store(n, &inverse[0][0]);
-        return true;
-    });
+    return each_group_by<(N <= 4), T>(
+        plan, first,
+        [&](int n, auto known) {
+            Num a[N][N], inverse[N][N];
+            Cofactors<Num, N> cofactors;
+            Failure<Num> failure;
+            src.template load_by<known>(n, &a[0][0]);
+            cofactors.invert(a, inverse, failure,
+                             [](Num det) { return !(magnitude(det) >= size_cubed_tolerance<T>(N)); });
+            if (failure.any()) return false;
+            dst.template store_by<known>(n, &inverse[0][0]);
+            return true;
+        },
+        src, dst);
 }
 
 } // namespace

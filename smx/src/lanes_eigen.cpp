@@ -2,24 +2,37 @@
 
 #include "family_eigen_vectors.hpp"
 #include "frame_lane_access.hpp"
+#include "frame_twin.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
 
 namespace {
 
-template <class T, int N>
+// `at_once` is how many packs Num has.
+template <class Num, int at_once, int N, class T = ElementOfNumber<Num>>
 int values(const LanePlan &plan, int first) {
-    using Num = Pack<T>;
+    constexpr int W = Pack<T>::width;
     const LaneAccess<T, N, N> src(plan.source[0].operand);
     const LaneAccess<T, 1, N> real(plan.result[0]), imaginary(plan.result[1]);
-    return each_group<T>(plan, first, [&](int n) {
+    return each_group<T, at_once>(plan, first, [&](int n) {
         Num w[N * N], tau[N], work[N], re[N], im[N];
         for (int i = 0; i < N; ++i) re[i] = im[i] = Num(T(0));
-        src.load(n, w);
+        Pack<T> one[at_once][N * N];
+        for (int k = 0; k < at_once; ++k) src.load(n + k * W, one[k]);
+        for (int e = 0; e < N * N; ++e)
+            if constexpr (at_once == 2) w[e] = Num(one[0][e], one[1][e]);
+            else w[e] = one[0][e];
         if (!find_values(Columns<Num>{w, N}, tau, work, re, im)) return false;
-        real.store(n, re);
-        imaginary.store(n, im);
+        const auto store = [&](const LaneAccess<T, 1, N> &to, const Num *found) {
+            Pack<T> values[at_once][N];
+            for (int i = 0; i < N; ++i)
+                if constexpr (at_once == 2) values[0][i] = found[i].a, values[1][i] = found[i].b;
+                else values[0][i] = found[i];
+            for (int k = 0; k < at_once; ++k) to.store(n + k * W, values[k]);
+        };
+        store(real, re);
+        store(imaginary, im);
         return true;
     });
 }
@@ -87,8 +100,12 @@ int values_and_vectors(const LanePlan &plan, unsigned modes, int first) {
 } // namespace
 
 int eigen_lanes(const LanePlan &plan, int side, int first) {
-    return by_type_and_side(plan, plan.result[0].element, side, first,
-                            [&](auto zero, auto s) { return values<decltype(zero), decltype(s)::value>(plan, first); });
+    return by_type_and_side(plan, plan.result[0].element, side, first, [&](auto zero, auto s) {
+        using T = decltype(zero);
+        int n = first;
+        if constexpr (eigen_groups_at_once<T> == 2) n = values<Twin<T>, 2, s.value>(plan, n);
+        return values<Pack<T>, 1, s.value>(plan, n);
+    });
 }
 
 int eigen_vectors_lanes(const LanePlan &plan, int side, unsigned modes, int first) {

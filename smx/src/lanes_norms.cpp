@@ -9,41 +9,33 @@ inline namespace SMX_ISA {
 namespace {
 
 // The elements of a group in double: as they are, or the two halves of a pack of floats.
-struct DoubleHalves {
-    Pack<double> low, high;
-    DoubleHalves() = default;
-    DoubleHalves(Pack<double> l, Pack<double> h) : low(l), high(h) {}
-    explicit DoubleHalves(double all) : low(all), high(all) {}
-    friend DoubleHalves operator+(DoubleHalves a, DoubleHalves b) { return {a.low + b.low, a.high + b.high}; }
-    friend DoubleHalves operator*(DoubleHalves a, DoubleHalves b) { return {a.low * b.low, a.high * b.high}; }
+struct Doubles : DoubleHalves {
+    Doubles() = default;
+    Doubles(DoubleHalves x) : DoubleHalves(x) {}
+    Doubles(Pack<double> l, Pack<double> h) : DoubleHalves{l, h} {}
+    explicit Doubles(double all) : DoubleHalves{Pack<double>(all), Pack<double>(all)} {}
+    friend Doubles operator+(Doubles a, Doubles b) { return {a.low + b.low, a.high + b.high}; }
+    friend Doubles operator*(Doubles a, Doubles b) { return {a.low * b.low, a.high * b.high}; }
     struct Masks {
         Mask<double> low, high;
     };
-    friend Masks operator>=(DoubleHalves a, DoubleHalves b) { return {a.low >= b.low, a.high >= b.high}; }
-    friend DoubleHalves select(Masks m, DoubleHalves yes, DoubleHalves no) {
+    friend Masks operator>=(Doubles a, Doubles b) { return {a.low >= b.low, a.high >= b.high}; }
+    friend Doubles select(Masks m, Doubles yes, Doubles no) {
         return {select(m.low, yes.low, no.low), select(m.high, yes.high, no.high)};
     }
-    friend DoubleHalves square_root(DoubleHalves x) { return {square_root(x.low), square_root(x.high)}; }
+    friend Doubles square_root(Doubles x) { return {square_root(x.low), square_root(x.high)}; }
 };
-
-typedef float HalfOfFloats __attribute__((vector_size(pack_bytes / 2)));
-
 inline Pack<double> widened(Pack<double> x) {
     return x;
 }
-inline DoubleHalves widened(Pack<float> x) {
-    HalfOfFloats half[2];
-    std::memcpy(half, &x.v, sizeof half);
-    return {__builtin_convertvector(half[0], Pack<double>::Vector),
-            __builtin_convertvector(half[1], Pack<double>::Vector)};
+inline Doubles widened(Pack<float> x) {
+    return widen(x);
 }
 inline Pack<double> narrowed(Pack<double> x) {
     return x;
 }
-inline Pack<float> narrowed(DoubleHalves x) {
-    const HalfOfFloats half[2] = {__builtin_convertvector(x.low.v, HalfOfFloats),
-                                  __builtin_convertvector(x.high.v, HalfOfFloats)};
-    return load_pack<float>(half);
+inline Pack<float> narrowed(Doubles x) {
+    return narrow(x);
 }
 
 template <bool pairs, class T, int R, int C>
@@ -51,23 +43,26 @@ int norm(const LanePlan &plan, bool cuts_off, int first) {
     constexpr int E = R * C;
     const LaneAccess<T, R, C> src(plan.source[0].operand);
     const LaneAccess<T, 1, 1> dst(plan.result[0]);
-    return each_group_by<T>(plan, first, src.side_by_side() && dst.side_by_side(), [&](int n, auto known) {
-        Pack<T> x[E];
-        src.template load_by<known>(n, x);
-        const auto square = [&](int e) {
-            const auto wide = widened(x[e]);
-            return wide * wide;
-        };
-        auto sum = square(0);
-        if constexpr (pairs) sum = sum + square(1);
+    return each_group_by<(E <= 16), T>(
+        plan, first,
+        [&](int n, auto known) {
+            Pack<T> x[E];
+            src.template load_by<known>(n, x);
+            const auto square = [&](int e) {
+                const auto wide = widened(x[e]);
+                return wide * wide;
+            };
+            auto sum = square(0);
+            if constexpr (pairs) sum = sum + square(1);
 #pragma GCC unroll 36
-        for (int e = pairs ? 2 : 1; e < E; e += pairs ? 2 : 1)
-            if constexpr (pairs) sum = sum + (e + 1 < E ? square(e) + square(e + 1) : square(e));
-            else sum = sum + square(e);
-        const Pack<T> root = narrowed(norm_of<T>(sum, cuts_off));
-        dst.template store_by<known>(n, &root);
-        return true;
-    });
+            for (int e = pairs ? 2 : 1; e < E; e += pairs ? 2 : 1)
+                if constexpr (pairs) sum = sum + (e + 1 < E ? square(e) + square(e + 1) : square(e));
+                else sum = sum + square(e);
+            const Pack<T> root = narrowed(norm_of<T>(sum, cuts_off));
+            dst.template store_by<known>(n, &root);
+            return true;
+        },
+        src, dst);
 }
 
 // Only where objects follow each other element by element: reading a few elements of each object costs the same one by

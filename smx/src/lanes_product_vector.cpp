@@ -72,8 +72,8 @@ int product(const LanePlan &plan, int first) {
     if (matrix.o.single) {
         Num a[N * N];
         matrix.load(0, a);
-        const bool side_by_side = vector.side_by_side() && (!adds || added.side_by_side()) && dst.side_by_side();
-        return each_group_by<T>(plan, first, side_by_side, [&](int n, auto known) { return compute(n, a, known); });
+        return each_group_by<false, T>(
+            plan, first, [&](int n, auto known) { return compute(n, a, known); }, vector, added, dst);
     }
     if constexpr (masked_ends) {
         using Way = typename LaneAccess<T, 1, N>::Way;
@@ -85,7 +85,7 @@ int product(const LanePlan &plan, int first) {
     return each_group<T>(plan, first, [&](int n) {
         Num a[N * N];
         matrix.load(n, a);
-        return compute(n, a, std::false_type{});
+        return compute(n, a, Knows<Known::nothing>{});
     });
 }
 
