@@ -74,6 +74,20 @@ TEST(Names, OnlyTheCRuntimeOpenMPAndTheThreadCountAreNeeded) {
     pclose(pipe);
 }
 
+#ifdef SMX_WIDE_OBJECTS
+// A function that the linker might merge with that of another unit would run wide instructions on any processor.
+TEST(Names, UnitsOfWideInstructionSetsShareNoFunction) {
+    int own = 0;
+    for (const std::string &name : names("nm --defined-only " SMX_WIDE_OBJECTS, 3)) {
+        if (name.rfind("_ZTS", 0) == 0 || name.find('.') == 0) continue;
+        const bool in_own_namespace = name.find("3smx4avx2") != name.npos || name.find("3smx6avx512") != name.npos;
+        own += in_own_namespace;
+        EXPECT_TRUE(in_own_namespace) << name;
+    }
+    EXPECT_GT(own, 100);
+}
+#endif
+
 TEST(Names, TheVersionRecordIsConstant) {
     const SmxLibraryVersion *const v = smxGetLibVersion();
     EXPECT_EQ(v, smxGetLibVersion());
