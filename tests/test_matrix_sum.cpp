@@ -59,8 +59,8 @@ TYPED_TEST(MatrixSum, HasTheBitsOfTheReference) {
                     for (const int over : {0, 1, 2}) { // the result is apart, over src1, over src2
                         if (over != 0 && (over == 1 ? t1 : t2) && width != height) continue;
                         if (count > 1 && !row.array()) continue;
-                        const auto made = [&](bool t) {
-                            return Objects<T>(form, t ? width : height, t ? height : width, count);
+                        const auto made = [&, w = width, h = height](bool t) {
+                            return Objects<T>(form, t ? w : h, t ? h : w, count);
                         };
                         Objects<T> src1 = made(t1), src2 = made(t2), apart = made(false);
                         for (Objects<T> *o : {&src1, &src2, &apart}) fill(*o, random, true);

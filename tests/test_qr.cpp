@@ -107,7 +107,7 @@ TYPED_TEST(QR, ArraysAreSinglesInShares) {
                     if (failing >= 0)
                         for (int k : {13, count / 2 + 9, count - 2})
                             for (int i = 0; i < h; ++i) src.at(k, i, failing) = 0;
-                    const SmxStatus wanted = in_shares(count, threads, [&](int k) {
+                    const SmxStatus wanted = in_shares(count, threads, [&, w = w, h = h](int k) {
                         return QRDecomp_m<T>(form, One{src, k}, Just{buffer.data()}, One{expected, k}, Just{w},
                                              Just{h});
                     });

@@ -2,15 +2,17 @@
 // constants where the code is to be unrolled (FixedShape); the arithmetic and its order are the same.
 #pragma once
 
-#include <type_traits>
-
 #include "frame_number.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
 
+// Not the standard library's: clang leaves its conversion out of line, shared by the units of all instruction sets.
 template <int n>
-using Fixed = std::integral_constant<int, n>;
+struct Fixed {
+    static constexpr int value = n;
+    constexpr operator int() const { return n; }
+};
 
 // The shapes that are computed in local copies: the squares of sides 3 to 6, and 6 rows of 4.
 template <class F>

@@ -46,16 +46,16 @@ int solve(const LanePlan &plan, int first) {
 int qr_decompose_lanes(const LanePlan &plan, int width, int height, int first) {
     int done = first;
     with_fixed_shape(width, height, [&](auto w, auto h) {
-        done = plan.result[0].element == sizeof(float) ? decompose<float, w(), h()>(plan, first)
-                                                       : decompose<double, w(), h()>(plan, first);
+        done = plan.result[0].element == sizeof(float) ? decompose<float, w.value, h.value>(plan, first)
+                                                       : decompose<double, w.value, h.value>(plan, first);
     });
     return done;
 }
 int qr_solve_lanes(const LanePlan &plan, int width, int height, int first) {
     int done = first;
     with_fixed_shape(width, height, [&](auto w, auto h) {
-        done = plan.result[0].element == sizeof(float) ? solve<float, w(), h()>(plan, first)
-                                                       : solve<double, w(), h()>(plan, first);
+        done = plan.result[0].element == sizeof(float) ? solve<float, w.value, h.value>(plan, first)
+                                                       : solve<double, w.value, h.value>(plan, first);
     });
     return done;
 }

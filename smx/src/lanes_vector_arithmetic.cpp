@@ -50,7 +50,7 @@ int packed_groups(const LanePlan &plan, T constant, int first) {
     const LaneOperand &a = plan.source[0].operand, &d = plan.result[0];
     const LaneOperand &b = plan.source[second == Second::value ? 0 : 1].operand;
     // A single vector, repeated over N packs.
-    const auto repeated = [](const LaneOperand &o, Pack<T>(&out)[N]) {
+    const auto repeated = [&](const LaneOperand &o, Pack<T>(&out)[N]) {
         T values[N * W];
         const LaneAccess<T, 1, N> access(o);
         for (int e = 0; e < N * W; ++e) values[e] = load_element<T>(access.address(0, 0, e % N));
