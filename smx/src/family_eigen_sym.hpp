@@ -5,8 +5,7 @@
 //   Order      sides 3 and up descending; side 2 with a negative trace ascending.
 //   Reads      all elements of an object before anything is written; side 2 its upper triangle, others the lower one
 //              (the reduction transforms the whole square).
-//   Status     smxStsSingularErr if the determinant of a side-2 matrix or the product of the eigenvalues is tiny (side
-//   1
+//   Status     smxStsSingularErr if the determinant of a side-2 matrix or the product of the eigenvalues is tiny (side 1
 //              is not tested), smxStsConvergeErr if the sweeps are used up. An array kernel stops there.
 //   Written    singular, side 2: nothing. Other sides: all values and vectors; sorted only in the single form with
 //              vectors. Not converged: nothing meaningful.

@@ -2,6 +2,7 @@
 
 #include "family_products_core.hpp"
 #include "frame_lane_access.hpp"
+#include "frame_twin.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
@@ -9,33 +10,18 @@ inline namespace SMX_ISA {
 namespace {
 
 // The elements of a group in double: as they are, or the two halves of a pack of floats.
-struct Doubles : DoubleHalves {
-    Doubles() = default;
-    Doubles(DoubleHalves x) : DoubleHalves(x) {}
-    Doubles(Pack<double> l, Pack<double> h) : DoubleHalves{l, h} {}
-    explicit Doubles(double all) : DoubleHalves{Pack<double>(all), Pack<double>(all)} {}
-    friend Doubles operator+(Doubles a, Doubles b) { return {a.low + b.low, a.high + b.high}; }
-    friend Doubles operator*(Doubles a, Doubles b) { return {a.low * b.low, a.high * b.high}; }
-    struct Masks {
-        Mask<double> low, high;
-    };
-    friend Masks operator>=(Doubles a, Doubles b) { return {a.low >= b.low, a.high >= b.high}; }
-    friend Doubles select(Masks m, Doubles yes, Doubles no) {
-        return {select(m.low, yes.low, no.low), select(m.high, yes.high, no.high)};
-    }
-    friend Doubles square_root(Doubles x) { return {square_root(x.low), square_root(x.high)}; }
-};
 inline Pack<double> widened(Pack<double> x) {
     return x;
 }
-inline Doubles widened(Pack<float> x) {
-    return widen(x);
+inline Twin<double> widened(Pack<float> x) {
+    const DoubleHalves halves = widen(x);
+    return {halves.low, halves.high};
 }
 inline Pack<double> narrowed(Pack<double> x) {
     return x;
 }
-inline Pack<float> narrowed(Doubles x) {
-    return narrow(x);
+inline Pack<float> narrowed(Twin<double> x) {
+    return narrow({x.a, x.b});
 }
 
 template <bool pairs, class T, int R, int C>
