@@ -612,7 +612,7 @@ struct LaneAccess {
             load_run<T, R * C>(StridedRows<W>(at(o.base, n * o.stride0), o.stride0), 0, out);
         else if constexpr (known == Known::listed && R * C > 1)
             load_run<T, R * C>(ListedRows{o.table + n, o.shift}, 0, out);
-        else load_there(n, out);
+        else load(n, out);
     }
     template <Known known>
     [[gnu::always_inline]] void store_by(int n, const Num *in) const {
@@ -624,7 +624,7 @@ struct LaneAccess {
             store_run<T, R * C>(StridedRows<W>(at(o.base, n * o.stride0), o.stride0), 0, in);
         else if constexpr (known == Known::listed && R * C > 1)
             store_run<T, R * C>(ListedRows{o.table + n, o.shift}, 0, in);
-        else store_there(n, in);
+        else store(n, in);
     }
 
     [[gnu::always_inline]] void load(int n, Num *out) const {
@@ -636,6 +636,10 @@ struct LaneAccess {
         else store_here(n, in);
     }
 };
+
+// A loop over groups as one function, with all that its body calls: GCC would leave a body with several uses of its
+// operands out of line, and read them anew for each group.
+#define SMX_LANE_LOOP [[gnu::flatten, gnu::noinline]]
 
 // Objects first .. count - 1 in groups: body(n) computes the group from object n on (or as many groups as its plan was
 // judged for) and says whether it may stand.

@@ -65,7 +65,7 @@ struct LowerAccess {
 };
 
 template <class T, int N>
-int decompose(const LanePlan &plan, T bound, int first) {
+SMX_LANE_LOOP int decompose(const LanePlan &plan, T bound, int first) {
     using Num = Pack<T>;
     const LowerAccess<T, N> src(plan.source[0].operand), dst(plan.result[0]);
     return each_group<T>(plan, first, [&](int n) {
@@ -80,7 +80,7 @@ int decompose(const LanePlan &plan, T bound, int first) {
 }
 
 template <class T, int N>
-int solve(const LanePlan &plan, int first) {
+SMX_LANE_LOOP int solve(const LanePlan &plan, int first) {
     using Num = Pack<T>;
     const LowerAccess<T, N> matrix(plan.source[0].operand);
     const LaneAccess<T, 1, N> rhs(plan.source[1].operand), dst(plan.result[0]);

@@ -35,7 +35,7 @@ int flat(const LanePlan &plan, T factor1, T factor2, int first) {
 }
 
 template <bool two, class T, int R, int C>
-int objects(const LanePlan &plan, T factor1, T factor2, int first) {
+SMX_LANE_LOOP int objects(const LanePlan &plan, T factor1, T factor2, int first) {
     const LaneAccess<T, R, C> a(plan.source[0].operand), b(plan.source[two ? 1 : 0].operand), d(plan.result[0]);
     const Pack<T> f1(factor1), f2(factor2);
     return each_group<T>(plan, first, [&](int n) {

@@ -76,7 +76,7 @@ int blocks(const LanePlan &plan, int first, int last) {
 
 // Through registers: between a structure of arrays and rows, and transposed.
 template <class T, int R, int C>
-int packs(const LanePlan &plan, int first) {
+SMX_LANE_LOOP int packs(const LanePlan &plan, int first) {
     using Access = LaneAccess<T, R, C>;
     const Access s(plan.source[0].operand), d(plan.result[0]);
     if (s.way == Access::Way::elements || d.way == Access::Way::elements) return first;

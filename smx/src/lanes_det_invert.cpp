@@ -9,7 +9,7 @@ inline namespace SMX_ISA {
 namespace {
 
 template <class T, int N>
-int determinants(const LanePlan &plan, int first) {
+SMX_LANE_LOOP int determinants(const LanePlan &plan, int first) {
     using Num = Pack<T>;
     const LaneAccess<T, N, N> src(plan.source[0].operand);
     const LaneAccess<T, 1, 1> dst(plan.result[0]);
@@ -26,7 +26,7 @@ int determinants(const LanePlan &plan, int first) {
 }
 
 template <class T, int N>
-int invert(const LanePlan &plan, int first) {
+SMX_LANE_LOOP int invert(const LanePlan &plan, int first) {
     using Num = Pack<T>;
     const LaneAccess<T, N, N> src(plan.source[0].operand), dst(plan.result[0]);
     return each_group_by<(N <= 4), T>(

@@ -69,7 +69,7 @@ template <class T, int N>
 }
 
 template <class T, int N>
-int decompose(const LanePlan &plan, int *pivots, int first) {
+SMX_LANE_LOOP int decompose(const LanePlan &plan, int *pivots, int first) {
     using Num = Pack<T>;
     const LaneAccess<T, N, N> src(plan.source[0].operand), dst(plan.result[0]);
     return each_group<T>(plan, first, [&](int n) {
@@ -88,7 +88,7 @@ int decompose(const LanePlan &plan, int *pivots, int first) {
 
 // One matrix for all vectors: everything that depends on it alone is made once.
 template <class T, int N>
-int solve_one_matrix(const LanePlan &plan, const int *pivots, const T *reciprocal, int first) {
+SMX_LANE_LOOP int solve_one_matrix(const LanePlan &plan, const int *pivots, const T *reciprocal, int first) {
     using Num = Pack<T>;
     const LaneAccess<T, N, N> matrix(plan.source[0].operand);
     const LaneAccess<T, 1, N> rhs(plan.source[1].operand), dst(plan.result[0]);
@@ -108,7 +108,7 @@ int solve_one_matrix(const LanePlan &plan, const int *pivots, const T *reciproca
 }
 
 template <class T, int N>
-int solve(const LanePlan &plan, const int *pivots, const void *reciprocals, int first) {
+SMX_LANE_LOOP int solve(const LanePlan &plan, const int *pivots, const void *reciprocals, int first) {
     using Num = Pack<T>;
     if (reciprocals != nullptr) return solve_one_matrix<T, N>(plan, pivots, static_cast<const T *>(reciprocals), first);
     const LaneAccess<T, N, N> matrix(plan.source[0].operand);

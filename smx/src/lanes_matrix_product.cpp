@@ -190,7 +190,7 @@ struct Together<float, 3> {
 #endif
 
 template <class T, int N, bool from_zero>
-int product(const LanePlan &plan, int first) {
+SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
     using Num = Pack<T>;
     using Access = LaneAccess<T, N, N>;
     constexpr std::ptrdiff_t size = sizeof(T);

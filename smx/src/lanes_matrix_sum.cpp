@@ -70,7 +70,7 @@ template <class Op, class T, int L>
 }
 
 template <class Op, class T, int N>
-int square(const LanePlan &plan, int first) {
+SMX_LANE_LOOP int square(const LanePlan &plan, int first) {
     using Access = LaneAccess<T, N, N>;
     const Access a(plan.source[0].operand), b(plan.source[1].operand), d(plan.result[0]);
     const auto by_rows = [](const Access &x) {

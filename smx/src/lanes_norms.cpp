@@ -25,7 +25,7 @@ inline Pack<float> narrowed(Twin<double> x) {
 }
 
 template <bool pairs, class T, int R, int C>
-int norm(const LanePlan &plan, bool cuts_off, int first) {
+SMX_LANE_LOOP int norm(const LanePlan &plan, bool cuts_off, int first) {
     constexpr int E = R * C;
     const LaneAccess<T, R, C> src(plan.source[0].operand);
     const LaneAccess<T, 1, 1> dst(plan.result[0]);
@@ -54,7 +54,7 @@ int norm(const LanePlan &plan, bool cuts_off, int first) {
 // Only where objects follow each other element by element: reading a few elements of each object costs the same one by
 // one.
 template <SumOrder order, class T, int N>
-int trace(const LanePlan &plan, int first) {
+SMX_LANE_LOOP int trace(const LanePlan &plan, int first) {
     using Access = LaneAccess<T, N, N>;
     const Access src(plan.source[0].operand);
     const LaneAccess<T, 1, 1> dst(plan.result[0]);

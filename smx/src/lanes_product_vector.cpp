@@ -48,7 +48,7 @@ int product_by_columns(const LanePlan &plan, int first) {
 }
 
 template <class T, int N, bool from_zero, bool adds>
-int product(const LanePlan &plan, int first) {
+SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
     using Num = Pack<T>;
     const LaneAccess<T, N, N> matrix(plan.source[0].operand);
     const LaneAccess<T, 1, N> vector(plan.source[1].operand), added(plan.source[adds ? 2 : 1].operand);

@@ -9,7 +9,7 @@ inline namespace SMX_ISA {
 namespace {
 
 template <class T, int W, int H>
-int decompose(const LanePlan &plan, int first) {
+SMX_LANE_LOOP int decompose(const LanePlan &plan, int first) {
     using Num = Pack<T>;
     const LaneAccess<T, H, W> src(plan.source[0].operand), dst(plan.result[0]);
     return each_group<T>(plan, first, [&](int n) {
@@ -24,7 +24,7 @@ int decompose(const LanePlan &plan, int first) {
 }
 
 template <class T, int W, int H>
-int solve(const LanePlan &plan, int first) {
+SMX_LANE_LOOP int solve(const LanePlan &plan, int first) {
     using Num = Pack<T>;
     const LaneAccess<T, H, W> matrix(plan.source[0].operand);
     const LaneAccess<T, 1, H> rhs(plan.source[1].operand);

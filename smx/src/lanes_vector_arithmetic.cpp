@@ -45,7 +45,7 @@ template <int N, int k, class T>
 
 // Groups of packed objects, W times N adjacent elements, beside single vectors and constants.
 template <Arithmetic operation, class T, int N, Second second>
-int packed_groups(const LanePlan &plan, T constant, int first) {
+SMX_LANE_LOOP int packed_groups(const LanePlan &plan, T constant, int first) {
     constexpr int W = Pack<T>::width;
     const LaneOperand &a = plan.source[0].operand, &d = plan.result[0];
     const LaneOperand &b = plan.source[second == Second::value ? 0 : 1].operand;
@@ -86,7 +86,7 @@ int packed_groups(const LanePlan &plan, T constant, int first) {
 }
 
 template <Arithmetic operation, class T, int N, Second second>
-int groups(const LanePlan &plan, T constant, int first) {
+SMX_LANE_LOOP int groups(const LanePlan &plan, T constant, int first) {
     using Access = LaneAccess<T, 1, N>;
     const LaneOperand &second_operand = plan.source[second == Second::value ? 0 : 1].operand;
     const Access a(plan.source[0].operand), b(second_operand), d(plan.result[0]);
