@@ -7,13 +7,6 @@
 namespace smx {
 inline namespace SMX_ISA {
 
-// Not the standard library's: clang leaves its conversion out of line, shared by the units of all instruction sets.
-template <int n>
-struct Fixed {
-    static constexpr int value = n;
-    constexpr operator int() const { return n; }
-};
-
 // The shapes that are computed in local copies: the squares of sides 3 to 6, and 6 rows of 4.
 template <class F>
 [[gnu::always_inline]] inline bool with_fixed_shape(int width, int height, F f) {

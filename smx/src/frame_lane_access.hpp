@@ -459,10 +459,6 @@ void store_end(const Byte *to, Pack<T> x);
 
 // ---- groups of R by C objects (a vector is one row)
 
-// What a loop knows of its operands: objects without gaps behind each other (single elements too), or at a stride, or
-// listed. In the latter two, single elements may be anywhere.
-enum class Known { nothing, packed, strided, listed };
-
 template <class T, int R, int C>
 struct LaneAccess {
     using Num = Pack<T>;
@@ -591,42 +587,6 @@ struct LaneAccess {
         store_here(n, in);
     }
 
-    // Is the layout known to be this one?
-    bool is(Known known) const {
-        if (known == Known::nothing) return true;
-        if (o.single || o.transposed) return false;
-        if (known == Known::packed)
-            return R * C == 1 ? o.addressing == Addressing::strided && way == Way::across : packed;
-        if (R * C == 1) return true;
-        return way == Way::rows && dense &&
-               o.addressing == (known == Known::listed ? Addressing::list : Addressing::strided);
-    }
-    // Inlined, and nothing decided, where something is known.
-    template <Known known>
-    [[gnu::always_inline]] void load_by(int n, Num *out) const {
-        const Byte *const packed_at = at(o.base, n * R * C * size);
-        if constexpr (known == Known::packed && R * C == 1) *out = load_pack<T>(packed_at);
-        else if constexpr (known == Known::packed && few) load_side_by_side<T, R * C>(packed_at, out);
-        else if constexpr (known == Known::packed) load_run<T, R * C>(PackedRows<R * C * size>{packed_at}, 0, out);
-        else if constexpr (known == Known::strided && R * C > 1)
-            load_run<T, R * C>(StridedRows<W>(at(o.base, n * o.stride0), o.stride0), 0, out);
-        else if constexpr (known == Known::listed && R * C > 1)
-            load_run<T, R * C>(ListedRows{o.table + n, o.shift}, 0, out);
-        else load(n, out);
-    }
-    template <Known known>
-    [[gnu::always_inline]] void store_by(int n, const Num *in) const {
-        const Byte *const packed_at = at(o.base, n * R * C * size);
-        if constexpr (known == Known::packed && R * C == 1) store_pack(const_cast<Byte *>(packed_at), *in);
-        else if constexpr (known == Known::packed && few) store_side_by_side<T, R * C>(packed_at, in);
-        else if constexpr (known == Known::packed) store_run<T, R * C>(PackedRows<R * C * size>{packed_at}, 0, in);
-        else if constexpr (known == Known::strided && R * C > 1)
-            store_run<T, R * C>(StridedRows<W>(at(o.base, n * o.stride0), o.stride0), 0, in);
-        else if constexpr (known == Known::listed && R * C > 1)
-            store_run<T, R * C>(ListedRows{o.table + n, o.shift}, 0, in);
-        else store(n, in);
-    }
-
     [[gnu::always_inline]] void load(int n, Num *out) const {
         if constexpr (R * C > 6) load_there(n, out);
         else load_here(n, out);
@@ -637,6 +597,111 @@ struct LaneAccess {
     }
 };
 
+// ---- groups of objects of a known layout
+
+// What a loop knows of an operand: objects without gaps behind each other, without gaps inside at a stride, or listed,
+// or element by element (a structure of arrays). Beside objects at a stride or listed, single elements may be anywhere.
+enum class Known { nothing, packed, strided, listed, planes };
+
+template <class T, int R, int C>
+bool is_known(const LaneAccess<T, R, C> &a, Known known) {
+    using Way = typename LaneAccess<T, R, C>::Way;
+    if (known == Known::nothing) return true;
+    if (a.o.single || a.o.transposed) return false;
+    if (R * C == 1)
+        return known == Known::strided || known == Known::listed ||
+               (a.o.addressing == Addressing::strided && a.way == Way::across);
+    switch (known) {
+    case Known::packed: return a.packed;
+    case Known::planes: return a.way == Way::across;
+    case Known::listed: return a.way == Way::rows && a.dense && a.o.addressing == Addressing::list;
+    default: return a.way == Way::rows && a.dense && a.o.addressing == Addressing::strided;
+    }
+}
+
+// An operand inside a loop: loads and stores inlined, with nothing to decide, and nothing that a store could change.
+template <Known known, class T, int R, int C>
+struct Objects {
+    static constexpr bool few = false;
+    const LaneAccess<T, R, C> &access;
+    explicit Objects(const LaneAccess<T, R, C> &a) : access(a) {}
+    [[gnu::always_inline]] void load(int n, Pack<T> *out) const { access.load(n, out); }
+    [[gnu::always_inline]] void store(int n, const Pack<T> *in) const { access.store(n, in); }
+};
+template <class T, int R, int C>
+struct Objects<Known::packed, T, R, C> {
+    static constexpr int bytes = R * C * static_cast<int>(sizeof(T));
+    static constexpr bool few = LaneAccess<T, R, C>::few;
+    const Byte *base;
+    explicit Objects(const LaneAccess<T, R, C> &a) : base(static_cast<const Byte *>(a.o.base)) {}
+    const Byte *group(int n) const { return base + std::ptrdiff_t{n} * bytes; }
+    [[gnu::always_inline]] void load(int n, Pack<T> *out) const {
+        if constexpr (R * C == 1) *out = load_pack<T>(group(n));
+        else if constexpr (few) load_side_by_side<T, R * C>(group(n), out);
+        else load_run<T, R * C>(PackedRows<bytes>{group(n)}, 0, out);
+    }
+    [[gnu::always_inline]] void store(int n, const Pack<T> *in) const {
+        if constexpr (R * C == 1) store_pack(const_cast<Byte *>(group(n)), *in);
+        else if constexpr (few) store_side_by_side<T, R * C>(group(n), in);
+        else store_run<T, R * C>(PackedRows<bytes>{group(n)}, 0, in);
+    }
+};
+template <class T, int R, int C>
+struct Objects<Known::strided, T, R, C> {
+    static constexpr bool few = false;
+    const Byte *base;
+    std::ptrdiff_t step;
+    explicit Objects(const LaneAccess<T, R, C> &a)
+        : base(static_cast<const Byte *>(a.o.base)), step(a.o.stride0) {}
+    StridedRows<Pack<T>::width> rows(int n) const { return {at(base, n * step), step}; }
+    [[gnu::always_inline]] void load(int n, Pack<T> *out) const { load_run<T, R * C>(rows(n), 0, out); }
+    [[gnu::always_inline]] void store(int n, const Pack<T> *in) const { store_run<T, R * C>(rows(n), 0, in); }
+};
+template <class T, int R, int C>
+struct Objects<Known::listed, T, R, C> {
+    static constexpr bool few = false;
+    const void *const *table;
+    std::ptrdiff_t shift;
+    explicit Objects(const LaneAccess<T, R, C> &a) : table(a.o.table), shift(a.o.shift) {}
+    [[gnu::always_inline]] void load(int n, Pack<T> *out) const {
+        load_run<T, R * C>(ListedRows{table + n, shift}, 0, out);
+    }
+    [[gnu::always_inline]] void store(int n, const Pack<T> *in) const {
+        store_run<T, R * C>(ListedRows{table + n, shift}, 0, in);
+    }
+};
+template <class T, int R, int C>
+struct Objects<Known::planes, T, R, C> {
+    static constexpr bool few = false;
+    const Byte *plane[R * C];
+    explicit Objects(const LaneAccess<T, R, C> &a) {
+        for (int e = 0; e < R * C; ++e) plane[e] = a.address(0, e / C, e % C);
+    }
+    [[gnu::always_inline]] void load(int n, Pack<T> *out) const {
+#pragma GCC unroll 36
+        for (int e = 0; e < R * C; ++e) out[e] = load_pack<T>(plane[e] + n * static_cast<std::ptrdiff_t>(sizeof(T)));
+    }
+    [[gnu::always_inline]] void store(int n, const Pack<T> *in) const {
+#pragma GCC unroll 36
+        for (int e = 0; e < R * C; ++e)
+            store_pack(const_cast<Byte *>(plane[e] + n * static_cast<std::ptrdiff_t>(sizeof(T))), in[e]);
+    }
+};
+template <class T>
+struct Objects<Known::planes, T, 1, 1> : Objects<Known::packed, T, 1, 1> {
+    using Objects<Known::packed, T, 1, 1>::Objects;
+};
+template <class T>
+struct Objects<Known::strided, T, 1, 1> : Objects<Known::nothing, T, 1, 1> {
+    using Objects<Known::nothing, T, 1, 1>::Objects;
+};
+template <class T>
+struct Objects<Known::listed, T, 1, 1> : Objects<Known::nothing, T, 1, 1> {
+    using Objects<Known::nothing, T, 1, 1>::Objects;
+};
+
+// ---- loops over groups
+
 // A loop over groups as one function, with all that its body calls: GCC would leave a body with several uses of its
 // operands out of line, and read them anew for each group.
 #define SMX_LANE_LOOP [[gnu::flatten, gnu::noinline]]
@@ -646,33 +711,54 @@ struct LaneAccess {
 template <class T, int at_once = 1, class Body>
 [[gnu::always_inline]] inline int each_group(const LanePlan &plan, int first, Body body) {
     constexpr int W = at_once * Pack<T>::width;
+    const int count = plan.count;
+    const bool by_group = plan.verdict == Verdict::by_group;
     int n = first;
-    for (; n + W <= plan.count; n += W) {
-        if (plan.verdict == Verdict::by_group && !group_is_safe(plan, n, W)) break;
+    for (; n + W <= count; n += W) {
+        if (by_group && !group_is_safe(plan, n, W)) break;
         if (!body(n)) break;
     }
     return n;
 }
 
-// The same with what is known of the layouts of all given operands: body(n, known), `known` being a Knows. Where so little
-// is done that the way of the loads counts, it is chosen ahead of the loop; `rows` adds the strided and list layouts.
-template <Known known>
-using Knows = std::integral_constant<Known, known>;
-template <bool rows, class T, class Body, class... Operands>
+// The same, body(n, objects...), where the layout of all operands is known.
+template <Known known, class T, class Body, int... R, int... C>
+[[gnu::always_inline]] inline int each_group_known(const LanePlan &plan, int first, Body body,
+                                                   const LaneAccess<T, R, C> &...operands) {
+    return [&](const auto... objects) __attribute__((always_inline)) {
+        return each_group<T>(plan, first, [&](int n) { return body(n, objects...); });
+    }(Objects<known, T, R, C>(operands)...);
+}
+// The same where it is one of those named, or none: for bodies that do so little that the way of the loads counts.
+template <class T, Known... layouts, class Body, class... Operands>
 [[gnu::always_inline]] inline int each_group_by(const LanePlan &plan, int first, Body body,
                                                 const Operands &...operands) {
-    const auto all = [&](Known known) { return (operands.is(known) && ...); };
-    if (all(Known::packed)) return each_group<T>(plan, first, [&](int n) { return body(n, Knows<Known::packed>{}); });
-    if constexpr (rows) {
-        if (all(Known::strided))
-            return each_group<T>(plan, first, [&](int n) { return body(n, Knows<Known::strided>{}); });
-        if (all(Known::listed))
-            return each_group<T>(plan, first, [&](int n) { return body(n, Knows<Known::listed>{}); });
-    }
-    return each_group<T>(plan, first, [&](int n) { return body(n, Knows<Known::nothing>{}); });
+    int done = first;
+    [[maybe_unused]] const auto as = [&]<Known known>(Fixed<known>) __attribute__((always_inline)) {
+        const bool fits = (is_known(operands, known) && ...);
+        if (fits) done = each_group_known<known, T>(plan, first, body, operands...);
+        return fits;
+    };
+    if ((as(Fixed<layouts>{}) || ...)) return done;
+    return each_group_known<Known::nothing, T>(plan, first, body, operands...);
 }
 
-// Where the objects of a strided or list operand start.
+// ---- loops over objects
+
+// Where the objects of operands start: all strided, all listed, or each as it is (single objects at a stride of 0).
+struct StridedStarts {
+    const Byte *base;
+    std::ptrdiff_t step;
+    explicit StridedStarts(const LaneOperand &o)
+        : base(static_cast<const Byte *>(o.base)), step(o.single ? 0 : o.stride0) {}
+    const Byte *operator[](int n) const { return at(base, n * step); }
+};
+struct ListedStarts {
+    const void *const *table;
+    std::ptrdiff_t shift;
+    explicit ListedStarts(const LaneOperand &o) : table(o.table), shift(o.shift) {}
+    const Byte *operator[](int n) const { return at(table[n], shift); }
+};
 struct ObjectStarts {
     const void *const *table;
     std::ptrdiff_t start, step;
@@ -692,6 +778,48 @@ template <class Body>
     const int last = safe_alone_until(plan, first);
     for (int n = first; n < last; ++n) body(n);
     return last;
+}
+// The same with where each operand's object starts: body(start...). Where the kernel takes objects in `pairs`, its
+// order may show between them, too.
+template <class T, bool pairs = false, class Body, class... Operands>
+[[gnu::always_inline]] inline int each_object_of(const LanePlan &plan, int first, Body body,
+                                                 const Operands &...operands) {
+    const auto loop = [&](const auto... starts) __attribute__((always_inline)) {
+        if (!pairs || safe_in_pairs(plan, first))
+            return each_object(plan, first, [&](int n) { body(starts[n]...); });
+        else
+            return each_group<T>(plan, first, [&](int n) {
+                for (int l = n; l < n + Pack<T>::width; ++l) body(starts[l]...);
+                return true;
+            });
+    };
+    if (((operands.addressing == Addressing::strided) && ...)) return loop(StridedStarts(operands)...);
+    if (((operands.addressing == Addressing::list) && ...)) return loop(ListedStarts(operands)...);
+    return loop(ObjectStarts(operands)...);
+}
+
+// L adjacent elements of each object in the widest vectors that fit, the last one going back over elements that are
+// done already; all are read before the first store. apply(x...) is given vectors or single elements.
+template <class T, int L, class F, class... Starts>
+[[gnu::always_inline]] inline void element_by_element(F apply, const Byte *d, Starts... from) {
+    constexpr int size = sizeof(T), bytes = L * size;
+    constexpr int wide = bytes >= pack_bytes              ? pack_bytes
+                         : bytes >= 32 && pack_bytes > 32 ? 32
+                         : bytes >= 16                    ? 16
+                                                          : size;
+    constexpr int vectors = (bytes + wide - 1) / wide;
+    typedef T V __attribute__((vector_size(wide)));
+    V result[vectors];
+    const auto load = [](const Byte *at) {
+        V x;
+        std::memcpy(&x, at, wide);
+        return x;
+    };
+#pragma GCC unroll 40
+    for (int k = 0; k < vectors; ++k) result[k] = apply(load(from + (k == vectors - 1 ? bytes - wide : k * wide))...);
+#pragma GCC unroll 40
+    for (int k = 0; k < vectors; ++k)
+        std::memcpy(const_cast<Byte *>(d + (k == vectors - 1 ? bytes - wide : k * wide)), &result[k], wide);
 }
 
 // Calls f(T{}, Side<n>{}) for a plan's element type and a side of 3 to 6; else nothing is done.

@@ -261,4 +261,10 @@ int safe_alone_until(const LanePlan &plan, int first) {
     return n;
 }
 
+bool safe_in_pairs(const LanePlan &plan, int first) {
+    if (plan.doubts == 0) return true;
+    return plan.doubts == doubt_alone(0) && SMX_ON_LANES(list_neighbours_apart, addresses(plan.result[0]) + first,
+                                                         plan.count - first, strided_extent(plan.result[0]));
+}
+
 } // namespace smx

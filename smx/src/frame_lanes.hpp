@@ -56,6 +56,8 @@ void judge(LanePlan &plan, int groups);
 bool group_is_safe(const LanePlan &plan, int first, int width);
 // The first object from `first` on that may not be loaded whole before it is stored.
 int safe_alone_until(const LanePlan &plan, int first);
+// Are the objects from `first` on fine one by one although the sequential kernel takes them in pairs?
+bool safe_in_pairs(const LanePlan &plan, int first);
 
 inline namespace SMX_ISA {
 

@@ -7,6 +7,14 @@
 namespace smx {
 inline namespace SMX_ISA {
 
+// A constant as a type. Not the standard library's: clang leaves its conversion out of line, shared by the units of all
+// instruction sets.
+template <auto constant>
+struct Fixed {
+    static constexpr auto value = constant;
+    constexpr operator decltype(constant)() const { return constant; }
+};
+
 template <class Num>
 struct NumberTraits;
 template <>

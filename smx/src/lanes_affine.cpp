@@ -6,20 +6,21 @@
 namespace smx {
 inline namespace SMX_ISA {
 
-int affine_lanes(const LanePlan &plan, bool *bad, int first) {
+SMX_LANE_LOOP int affine_lanes(const LanePlan &plan, bool *bad, int first) {
     using Num = Pack<float>;
     const LaneAccess<float, 4, 4> matrix(plan.source[0].operand);
     const LaneAccess<float, 1, 3> src(plan.source[1].operand), dst(plan.result[0]);
     Num m[4][4];
     matrix.load(0, &m[0][0]);
     Mask<float> good(true);
-    const int done = each_group_by<false, float>(
+    using enum Known;
+    const int done = each_group_by<float, packed, strided, planes>(
         plan, first,
-        [&](int n, auto known) {
+        [&](int n, const auto &from, const auto &to) {
             Num point[3], out[3];
-            src.load_by<known>(n, point);
+            from.load(n, point);
             good = good & transform_point(m, point, out);
-            dst.store_by<known>(n, out);
+            to.store(n, out);
             return true;
         },
         src, dst);

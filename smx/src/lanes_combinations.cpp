@@ -36,19 +36,33 @@ int flat(const LanePlan &plan, T factor1, T factor2, int first) {
 
 template <bool two, class T, int R, int C>
 SMX_LANE_LOOP int objects(const LanePlan &plan, T factor1, T factor2, int first) {
-    const LaneAccess<T, R, C> a(plan.source[0].operand), b(plan.source[two ? 1 : 0].operand), d(plan.result[0]);
-    const Pack<T> f1(factor1), f2(factor2);
-    return each_group<T>(plan, first, [&](int n) {
-        Pack<T> x[R * C], y[R * C];
-        a.load_there(n, x);
-        if constexpr (two) b.load_there(n, y);
-        for (int e = 0; e < R * C; ++e) {
-            x[e] = f1 * x[e];
-            if constexpr (two) x[e] = x[e] + f2 * y[e];
-        }
-        d.store_there(n, x);
-        return true;
-    });
+    using Access = LaneAccess<T, R, C>;
+    const Access a(plan.source[0].operand), b(plan.source[two ? 1 : 0].operand), d(plan.result[0]);
+    const auto combined = [=](auto x, auto y) {
+        x = factor1 * x;
+        if constexpr (two) x = x + factor2 * y;
+        return x;
+    };
+    const auto dense = [](const Access &x) {
+        return x.o.addressing != Addressing::pointers && x.o.stride2 == Access::size && x.dense && !x.o.transposed;
+    };
+    if (dense(a) && dense(b) && dense(d))
+        return each_object_of<T>(
+            plan, first,
+            [&](const Byte *x, const Byte *y, const Byte *z) { element_by_element<T, R * C>(combined, z, x, y); }, a.o,
+            b.o, d.o);
+    return each_group_by<T, Known::planes>(
+        plan, first,
+        [&](int n, const auto &from, const auto &beside, const auto &to) {
+            Pack<T> x[R * C], y[R * C];
+            from.load(n, x);
+            if constexpr (two) beside.load(n, y);
+#pragma GCC unroll 36
+            for (int e = 0; e < R * C; ++e) x[e] = combined(x[e], y[two ? e : 0]);
+            to.store(n, x);
+            return true;
+        },
+        a, b, d);
 }
 
 template <bool two>

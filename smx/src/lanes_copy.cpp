@@ -1,6 +1,7 @@
 #include "lanes_copy.hpp"
 
 #include "frame_lane_access.hpp"
+#include "frame_row.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
@@ -13,21 +14,8 @@ bool by_rows(const LaneOperand &o) {
 bool dense(const LaneOperand &o) {
     return o.rows == 1 || o.stride1 == static_cast<std::ptrdiff_t>(o.columns) * o.element;
 }
-const Byte *start(const LaneOperand &o, int n) {
-    return o.addressing == Addressing::list ? at(o.table[n], o.shift) : at(o.base, n * o.stride0);
-}
 Byte *writable(const Byte *to) {
     return const_cast<Byte *>(to);
-}
-
-// Rows of adjacent elements, `bytes` of them known to the compiler or not; a row may be copied onto itself.
-template <class CopyRow>
-[[gnu::always_inline]] inline void rows(const LanePlan &plan, int first, int last, int height, CopyRow copy_row) {
-    const LaneOperand &s = plan.source[0].operand, &d = plan.result[0];
-    for (int n = first; n < last; ++n) {
-        const Byte *const from = start(s, n), *const to = start(d, n);
-        for (int i = 0; i < height; ++i) copy_row(writable(at(to, i * d.stride1)), at(from, i * s.stride1));
-    }
 }
 
 // All objects in one block, unless the ends of source and destination meet.
@@ -38,39 +26,57 @@ bool whole(const LanePlan &plan, int first) {
         d.stride0 != object)
         return false;
     const std::ptrdiff_t bytes = (plan.count - first) * object;
-    const Byte *const from = start(s, first), *const to = start(d, first);
+    const Byte *const from = at(s.base, first * object);
+    Byte *const to = writable(at(d.base, first * object));
     const std::uintptr_t x = reinterpret_cast<std::uintptr_t>(from), y = reinterpret_cast<std::uintptr_t>(to);
     const std::uintptr_t size = static_cast<std::uintptr_t>(bytes);
     if (x < y + size && y < x + size) return false;
-    std::memcpy(writable(to), from, size);
+    std::memcpy(to, from, size);
     return true;
 }
 
 template <int bytes>
-[[gnu::always_inline]] inline void fixed(Byte *to, const Byte *from) {
-    Byte block[bytes];
-    std::memcpy(block, from, bytes);
-    std::memcpy(to, block, bytes);
-}
+struct Block {
+    [[gnu::always_inline]] void operator()(Byte *to, const Byte *from) const {
+        if constexpr (masked_ends && bytes < 32 && bytes != 16) return Row<float, bytes / 4>::load(from).store(to);
+        if constexpr (masked_ends && bytes == 40) return Row<double, bytes / 8>::load(from).store(to);
+        Byte block[bytes];
+        std::memcpy(block, from, bytes);
+        std::memcpy(to, block, bytes);
+    }
+};
 
-// Objects or rows as blocks; nothing is loaded ahead of an object that is stored before it.
-int blocks(const LanePlan &plan, int first, int last) {
+// Objects as blocks of `bytes`, or `height` rows of them a stride apart; a block may be copied onto itself.
+template <class CopyBlock>
+[[gnu::always_inline]] inline int blocks(const LanePlan &plan, int first, int height, CopyBlock copy_block) {
     const LaneOperand &s = plan.source[0].operand, &d = plan.result[0];
-    const bool one_block = dense(s) && dense(d);
-    const int height = one_block ? 1 : d.rows;
-    const std::ptrdiff_t bytes = static_cast<std::ptrdiff_t>(d.columns) * d.element * (one_block ? d.rows : 1);
+    if (height == 1)
+        return each_object_of<float>(
+            plan, first, [&](const Byte *from, const Byte *to) { copy_block(writable(to), from); }, s, d);
+    const std::ptrdiff_t from_row = s.stride1, to_row = d.stride1;
+    return each_object_of<float>(
+        plan, first,
+        [&](const Byte *from, const Byte *to) {
+            for (int i = 0; i < height; ++i) copy_block(writable(at(to, i * to_row)), at(from, i * from_row));
+        },
+        s, d);
+}
+SMX_LANE_LOOP int blocks(const LanePlan &plan, int first) {
+    const LaneOperand &s = plan.source[0].operand, &d = plan.result[0];
+    const int height = dense(s) && dense(d) ? 1 : d.rows;
+    const int bytes = d.columns * d.element * (height == 1 ? d.rows : 1);
     switch (bytes) {
 #define SMX_BLOCK(size) \
-    case size: rows(plan, first, last, height, fixed<size>); return last;
+    case size: return blocks(plan, first, height, Block<size>{});
         // clang-format off
         SMX_BLOCK(12) SMX_BLOCK(16) SMX_BLOCK(20) SMX_BLOCK(24) SMX_BLOCK(32) SMX_BLOCK(36) SMX_BLOCK(40) SMX_BLOCK(48)
         SMX_BLOCK(64) SMX_BLOCK(72) SMX_BLOCK(100) SMX_BLOCK(128) SMX_BLOCK(144) SMX_BLOCK(200) SMX_BLOCK(288)
         // clang-format on
 #undef SMX_BLOCK
-                default : rows(plan, first, last, height, [&](Byte *to, const Byte *from) {
-                    std::memmove(to, from, static_cast<std::size_t>(bytes));
-                });
-        return last;
+    default:
+        return blocks(plan, first, height, [bytes](Byte *to, const Byte *from) {
+            std::memmove(to, from, static_cast<std::size_t>(bytes));
+        });
     }
 }
 
@@ -80,17 +86,30 @@ SMX_LANE_LOOP int packs(const LanePlan &plan, int first) {
     using Access = LaneAccess<T, R, C>;
     const Access s(plan.source[0].operand), d(plan.result[0]);
     if (s.way == Access::Way::elements || d.way == Access::Way::elements) return first;
-    return each_group<T>(plan, first, [&](int n) {
+    const auto through = [](int n, const auto &from, const auto &to) {
         Pack<T> x[R * C];
-        s.load(n, x);
-        d.store(n, x);
+        from.load(n, x);
+        to.store(n, x);
         return true;
-    });
+    };
+    using enum Known;
+    if constexpr (R == 1) {
+        int done = first;
+        const auto between = [&]<Known source, Known result>(Fixed<source>, Fixed<result>) {
+            if (!is_known(s, source) || !is_known(d, result)) return false;
+            const Objects<source, T, R, C> from(s);
+            const Objects<result, T, R, C> to(d);
+            done = each_group<T>(plan, first, [&](int n) { return through(n, from, to); });
+            return true;
+        };
+        if (between(Fixed<planes>{}, Fixed<packed>{}) || between(Fixed<packed>{}, Fixed<planes>{})) return done;
+    }
+    return each_group_by<T>(plan, first, through, s, d);
 }
 
 // Squares without gaps transposed within their registers, one object after the other.
 template <class T, int N>
-int transposed_squares(const LanePlan &plan, int first) {
+SMX_LANE_LOOP int transposed_squares(const LanePlan &plan, int first) {
     using Access = LaneAccess<T, N, N>;
     const Access s(plan.source[0].operand), d(plan.result[0]);
     if constexpr (masked_ends)
@@ -99,16 +118,15 @@ int transposed_squares(const LanePlan &plan, int first) {
             struct Transposition {
                 static constexpr int at(int e) { return e < N * N ? e % N * N + e / N : 0; }
             };
-            const ObjectStarts from(s.o), to(d.o);
-            return each_object(plan, first, [&](int n) {
-                const Byte *const source = from[n], *const result = to[n];
+            const auto transpose = [](const Byte *source, const Byte *result) {
                 Pack<T> in[registers], out[registers];
                 for (int k = 0; k < last; ++k) in[k] = load_pack<T>(source + k * pack_bytes);
                 in[last] = load_end<T, N * N - last * W>(source + last * pack_bytes);
                 rearrange<T, Transposition, registers>(in, out, std::make_integer_sequence<int, registers>{});
                 for (int k = 0; k < last; ++k) store_pack(writable(result + k * pack_bytes), out[k]);
                 store_end<T, N * N - last * W>(result + last * pack_bytes, out[last]);
-            });
+            };
+            return each_object_of<T>(plan, first, transpose, s.o, d.o);
         }
     return packs<T, N, N>(plan, first);
 }
@@ -118,11 +136,7 @@ int copy(const LanePlan &plan, int first) {
     const LaneOperand &s = plan.source[0].operand, &d = plan.result[0];
     if (by_rows(s) && by_rows(d)) {
         if (dense(s) && dense(d) && whole(plan, first)) return plan.count;
-        if (plan.verdict == Verdict::always) return blocks(plan, first, plan.count);
-        return each_group<T>(plan, first, [&](int n) {
-            blocks(plan, n, n + Pack<T>::width);
-            return true;
-        });
+        return blocks(plan, first);
     }
     int done = first;
     with_side(d.columns, [&]<int N>(Side<N>) {

@@ -8,18 +8,26 @@ inline namespace SMX_ISA {
 
 namespace {
 
+// Of larger matrices the loads are little beside the work.
+template <int N, class T, class Body, class... Operands>
+[[gnu::always_inline]] inline int in_groups(const LanePlan &plan, int first, Body body, const Operands &...operands) {
+    using enum Known;
+    if constexpr (N <= 4) return each_group_by<T, packed, strided, listed, planes>(plan, first, body, operands...);
+    else return each_group_by<T>(plan, first, body, operands...);
+}
+
 template <class T, int N>
 SMX_LANE_LOOP int determinants(const LanePlan &plan, int first) {
     using Num = Pack<T>;
     const LaneAccess<T, N, N> src(plan.source[0].operand);
     const LaneAccess<T, 1, 1> dst(plan.result[0]);
-    return each_group_by<(N <= 4), T>(
+    return in_groups<N, T>(
         plan, first,
-        [&](int n, auto known) {
+        [&](int n, const auto &from, const auto &to) {
             Num a[N][N];
-            src.template load_by<known>(n, &a[0][0]);
+            from.load(n, &a[0][0]);
             const Num det = determinant(a);
-            dst.template store_by<known>(n, &det);
+            to.store(n, &det);
             return true;
         },
         src, dst);
@@ -29,17 +37,17 @@ template <class T, int N>
 SMX_LANE_LOOP int invert(const LanePlan &plan, int first) {
     using Num = Pack<T>;
     const LaneAccess<T, N, N> src(plan.source[0].operand), dst(plan.result[0]);
-    return each_group_by<(N <= 4), T>(
+    return in_groups<N, T>(
         plan, first,
-        [&](int n, auto known) {
+        [&](int n, const auto &from, const auto &to) {
             Num a[N][N], inverse[N][N];
             Cofactors<Num, N> cofactors;
             Failure<Num> failure;
-            src.template load_by<known>(n, &a[0][0]);
+            from.load(n, &a[0][0]);
             cofactors.invert(a, inverse, failure,
                              [](Num det) { return !(magnitude(det) >= size_cubed_tolerance<T>(N)); });
             if (failure.any()) return false;
-            dst.template store_by<known>(n, &inverse[0][0]);
+            to.store(n, &inverse[0][0]);
             return true;
         },
         src, dst);

@@ -9,5 +9,7 @@
 SMX_DECLARE_LANES(void, list_bounds, const std::intptr_t *list, int count, std::intptr_t &low, std::intptr_t &high)
 // Does every address but the first lie at least `gap` bytes behind the one before it?
 SMX_DECLARE_LANES(bool, list_ascends, const std::intptr_t *list, int count, std::intptr_t gap)
+// Does every address lie at least `extent` bytes from the one before it?
+SMX_DECLARE_LANES(bool, list_neighbours_apart, const std::intptr_t *list, int count, std::intptr_t extent)
 // Does each of `width` addresses (a group) lie at least `extent` bytes from all others?
 SMX_DECLARE_LANES(bool, list_group_apart, const std::intptr_t *list, int width, std::intptr_t extent)

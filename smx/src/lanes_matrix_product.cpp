@@ -1,83 +1,12 @@
 #include "lanes_matrix_product.hpp"
 
 #include "frame_lane_access.hpp"
+#include "frame_row.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
 
 namespace {
-
-// A row of N elements in one register, or in a register and a rest, read and written without touching its neighbours.
-#if defined(__AVX512F__)
-template <class T, int N>
-struct Row {
-    static constexpr int bytes = N * static_cast<int>(sizeof(T)) <= 16   ? 16
-                                 : N * static_cast<int>(sizeof(T)) <= 32 ? 32
-                                                                         : 64;
-    typedef T V __attribute__((vector_size(bytes)));
-    static constexpr auto mask = static_cast<unsigned char>((1 << N) - 1);
-    V v;
-    static Row load(const Byte *from) {
-        Row r;
-        if constexpr (N * sizeof(T) == bytes) std::memcpy(&r.v, from, bytes);
-        else if constexpr (sizeof(T) == 4 && bytes == 16) r.v = reinterpret_cast<V>(_mm_maskz_loadu_ps(mask, from));
-        else if constexpr (sizeof(T) == 4) r.v = reinterpret_cast<V>(_mm256_maskz_loadu_ps(mask, from));
-        else if constexpr (bytes == 32) r.v = reinterpret_cast<V>(_mm256_maskz_loadu_pd(mask, from));
-        else r.v = reinterpret_cast<V>(_mm512_maskz_loadu_pd(mask, from));
-        return r;
-    }
-    void store(const Byte *at) const {
-        Byte *const to = const_cast<Byte *>(at);
-        if constexpr (N * sizeof(T) == bytes) std::memcpy(to, &v, bytes);
-        else if constexpr (sizeof(T) == 4 && bytes == 16) _mm_mask_storeu_ps(to, mask, reinterpret_cast<__m128>(v));
-        else if constexpr (sizeof(T) == 4) _mm256_mask_storeu_ps(to, mask, reinterpret_cast<__m256>(v));
-        else if constexpr (bytes == 32) _mm256_mask_storeu_pd(to, mask, reinterpret_cast<__m256d>(v));
-        else _mm512_mask_storeu_pd(to, mask, reinterpret_cast<__m512d>(v));
-    }
-    friend Row operator*(T factor, Row r) { return {factor * r.v}; }
-    friend Row operator+(Row a, Row b) { return {a.v + b.v}; }
-};
-#else
-template <class T, int N>
-struct Row {
-    // The widest vector that fits, then the rest by itself.
-    static constexpr int size = sizeof(T);
-    static constexpr int bytes = N * size >= 32 && pack_bytes >= 32 ? 32 : N * size >= 16 ? 16 : 8;
-    static constexpr int rest = N - bytes / size;
-    typedef T V __attribute__((vector_size(bytes)));
-    V v;
-    struct Nothing {};
-    std::conditional_t<rest == 0, Nothing, Row<T, rest == 0 ? 1 : rest>> tail;
-    static Row load(const Byte *from) {
-        Row r;
-        std::memcpy(&r.v, from, bytes);
-        if constexpr (rest != 0) r.tail = Row<T, rest>::load(from + bytes);
-        return r;
-    }
-    void store(const Byte *to) const {
-        std::memcpy(const_cast<Byte *>(to), &v, bytes);
-        if constexpr (rest != 0) tail.store(to + bytes);
-    }
-    friend Row operator*(T factor, Row r) {
-        r.v = factor * r.v;
-        if constexpr (rest != 0) r.tail = factor * r.tail;
-        return r;
-    }
-    friend Row operator+(Row a, Row b) {
-        a.v = a.v + b.v;
-        if constexpr (rest != 0) a.tail = a.tail + b.tail;
-        return a;
-    }
-};
-template <class T>
-struct Row<T, 1> {
-    T v;
-    static Row load(const Byte *from) { return {load_element<T>(from)}; }
-    void store(const Byte *to) const { store_element(to, v); }
-    friend Row operator*(T factor, Row r) { return {factor * r.v}; }
-    friend Row operator+(Row a, Row b) { return {a.v + b.v}; }
-};
-#endif
 
 // One object: a row of the result is a sum of rows of the second operand, each times one element of the first.
 // The blocked general path starts its sums at 0.0, which shows where all products are negative zeros.
@@ -87,10 +16,10 @@ template <class T, int N, bool from_zero>
 #pragma GCC unroll 6
     for (int i = 0; i < N; ++i) {
         const Byte *const row = a + i * a_row;
-        Row<T, N> sum = load_element<T>(row) * second[0];
-        if constexpr (from_zero) sum = Row<T, N>{} + sum;
+        Row<T, N> sum = Row<T, N>::all(load_element<T>(row)) * second[0];
+        if constexpr (from_zero) sum = Row<T, N>::all(0) + sum;
 #pragma GCC unroll 6
-        for (int p = 1; p < N; ++p) sum = sum + load_element<T>(row + p * a_column) * second[p];
+        for (int p = 1; p < N; ++p) sum = sum + Row<T, N>::all(load_element<T>(row + p * a_column)) * second[p];
         sum.store(d + i * d_row);
     }
 }

@@ -42,33 +42,6 @@ int flat(const LanePlan &plan, int first) {
     return plan.count;
 }
 
-// L adjacent elements in the widest vectors that fit, the last one going back over elements that are done already; all
-// of them are read before the first store.
-template <class Op, class T, int L>
-[[gnu::always_inline]] inline void run(const Byte *a, const Byte *b, const Byte *d) {
-    constexpr int size = sizeof(T), bytes = L * size;
-    constexpr int wide = bytes >= pack_bytes              ? pack_bytes
-                         : bytes >= 32 && pack_bytes > 32 ? 32
-                         : bytes >= 16                    ? 16
-                                                          : size;
-    constexpr int vectors = (bytes + wide - 1) / wide;
-    typedef T V __attribute__((vector_size(wide)));
-    V sum[vectors];
-#pragma GCC unroll 40
-    for (int k = 0; k < vectors; ++k) {
-        const int offset = k == vectors - 1 ? bytes - wide : k * wide;
-        V x, y;
-        std::memcpy(&x, a + offset, wide);
-        std::memcpy(&y, b + offset, wide);
-        sum[k] = Op::apply(x, y);
-    }
-#pragma GCC unroll 40
-    for (int k = 0; k < vectors; ++k) {
-        const int offset = k == vectors - 1 ? bytes - wide : k * wide;
-        std::memcpy(const_cast<Byte *>(d + offset), &sum[k], wide);
-    }
-}
-
 template <class Op, class T, int N>
 SMX_LANE_LOOP int square(const LanePlan &plan, int first) {
     using Access = LaneAccess<T, N, N>;
@@ -79,14 +52,21 @@ SMX_LANE_LOOP int square(const LanePlan &plan, int first) {
                !x.o.transposed;
     };
     if (by_rows(a) && by_rows(b) && by_rows(d)) {
-        const ObjectStarts x(a.o), y(b.o), z(d.o);
+        const auto sum = [](auto x, auto y) { return Op::apply(x, y); };
         if (a.dense && b.dense && d.dense)
-            return each_object(plan, first, [&](int n) { run<Op, T, N * N>(x[n], y[n], z[n]); });
+            return each_object_of<T>(
+                plan, first,
+                [&](const Byte *x, const Byte *y, const Byte *z) { element_by_element<T, N * N>(sum, z, x, y); }, a.o,
+                b.o, d.o);
         const std::ptrdiff_t a_row = a.o.stride1, b_row = b.o.stride1, d_row = d.o.stride1;
-        return each_object(plan, first, [&](int n) {
+        return each_object_of<T>(
+            plan, first,
+            [&](const Byte *x, const Byte *y, const Byte *z) {
 #pragma GCC unroll 6
-            for (int i = 0; i < N; ++i) run<Op, T, N>(x[n] + i * a_row, y[n] + i * b_row, z[n] + i * d_row);
-        });
+                for (int i = 0; i < N; ++i)
+                    element_by_element<T, N>(sum, z + i * d_row, x + i * a_row, y + i * b_row);
+            },
+            a.o, b.o, d.o);
     }
     return each_group<T>(plan, first, [&](int n) {
         Pack<T> x[N * N], y[N * N];

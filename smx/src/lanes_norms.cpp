@@ -29,26 +29,26 @@ SMX_LANE_LOOP int norm(const LanePlan &plan, bool cuts_off, int first) {
     constexpr int E = R * C;
     const LaneAccess<T, R, C> src(plan.source[0].operand);
     const LaneAccess<T, 1, 1> dst(plan.result[0]);
-    return each_group_by<(E <= 16), T>(
-        plan, first,
-        [&](int n, auto known) {
-            Pack<T> x[E];
-            src.template load_by<known>(n, x);
-            const auto square = [&](int e) {
-                const auto wide = widened(x[e]);
-                return wide * wide;
-            };
-            auto sum = square(0);
-            if constexpr (pairs) sum = sum + square(1);
+    const auto body = [&](int n, const auto &from, const auto &to) {
+        Pack<T> x[E];
+        from.load(n, x);
+        const auto square = [&](int e) {
+            const auto wide = widened(x[e]);
+            return wide * wide;
+        };
+        auto sum = square(0);
+        if constexpr (pairs) sum = sum + square(1);
 #pragma GCC unroll 36
-            for (int e = pairs ? 2 : 1; e < E; e += pairs ? 2 : 1)
-                if constexpr (pairs) sum = sum + (e + 1 < E ? square(e) + square(e + 1) : square(e));
-                else sum = sum + square(e);
-            const Pack<T> root = narrowed(norm_of<T>(sum, cuts_off));
-            dst.template store_by<known>(n, &root);
-            return true;
-        },
-        src, dst);
+        for (int e = pairs ? 2 : 1; e < E; e += pairs ? 2 : 1)
+            if constexpr (pairs) sum = sum + (e + 1 < E ? square(e) + square(e + 1) : square(e));
+            else sum = sum + square(e);
+        const Pack<T> root = narrowed(norm_of<T>(sum, cuts_off));
+        to.store(n, &root);
+        return true;
+    };
+    using enum Known;
+    if constexpr (E <= 16) return each_group_by<T, packed, strided, listed, planes>(plan, first, body, src, dst);
+    else return each_group_by<T, planes>(plan, first, body, src, dst);
 }
 
 // Only where objects follow each other element by element: reading a few elements of each object costs the same one by
@@ -59,13 +59,18 @@ SMX_LANE_LOOP int trace(const LanePlan &plan, int first) {
     const Access src(plan.source[0].operand);
     const LaneAccess<T, 1, 1> dst(plan.result[0]);
     if (src.way != Access::Way::across) return first;
-    return each_group<T>(plan, first, [&](int n) {
-        Pack<T> diagonal[N];
-        for (int i = 0; i < N; ++i) diagonal[i] = load_pack<T>(src.address(0, i, i) + n * Access::size);
-        const Pack<T> sum = sum_of<order>(diagonal);
-        dst.store(n, &sum);
-        return true;
-    });
+    const Byte *plane[N];
+    for (int i = 0; i < N; ++i) plane[i] = src.address(0, i, i);
+    return each_group_by<T, Known::planes>(
+        plan, first,
+        [&](int n, const auto &to) {
+            Pack<T> diagonal[N];
+            for (int i = 0; i < N; ++i) diagonal[i] = load_pack<T>(plane[i] + n * Access::size);
+            const Pack<T> sum = sum_of<order>(diagonal);
+            to.store(n, &sum);
+            return true;
+        },
+        dst);
 }
 
 } // namespace

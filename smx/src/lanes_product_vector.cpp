@@ -1,6 +1,7 @@
 #include "lanes_product_vector.hpp"
 
 #include "frame_lane_access.hpp"
+#include "frame_row.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
@@ -17,46 +18,68 @@ struct ColumnOf {
 template <class T, int N, bool from_zero, bool adds>
 int product_by_columns(const LanePlan &plan, int first) {
     constexpr int W = Pack<T>::width, registers = (N * N + W - 1) / W, last = registers - 1;
-    const ObjectStarts matrix(plan.source[0].operand), vector(plan.source[1].operand);
-    const ObjectStarts added(plan.source[adds ? 2 : 1].operand), dst(plan.result[0]);
-    const std::ptrdiff_t step = plan.source[1].operand.stride2;
-    const auto one = [&](int n) {
+    const LaneOperand &matrix = plan.source[0].operand, &vector = plan.source[1].operand;
+    const std::ptrdiff_t step = vector.stride2;
+    const auto one = [step](const Byte *from, const Byte *b, const Byte *c, const Byte *d) {
         Pack<T> a[registers];
-        const Byte *const from = matrix[n], *const b = vector[n];
         for (int k = 0; k < last; ++k) a[k] = load_pack<T>(from + k * pack_bytes);
         a[last] = load_end<T, N * N - last * W>(from + last * pack_bytes);
-        const auto term = [&]<int p>(std::integral_constant<int, p>) {
+        const auto term = [&]<int p>(Fixed<p>) {
             constexpr auto lanes = std::make_integer_sequence<int, W>{};
             return Pack<T>(Rearranged<T, ColumnOf<N, p>, 0, registers>::of(a, lanes)) *
                    Pack<T>(load_element<T>(b + p * step));
         };
-        Pack<T> sum = term(std::integral_constant<int, 0>{});
+        Pack<T> sum = term(Fixed<0>{});
         if constexpr (from_zero) sum = Pack<T>(T(0)) + sum;
         [&]<int... p>(std::integer_sequence<int, p...>) {
-            ((sum = sum + term(std::integral_constant<int, p + 1>{})), ...);
+            ((sum = sum + term(Fixed<p + 1>{})), ...);
         }
         (std::make_integer_sequence<int, N - 1>{});
-        if constexpr (adds) sum = sum + load_end<T, N>(added[n]);
-        store_end<T, N>(dst[n], sum);
+        if constexpr (adds) sum = sum + load_end<T, N>(c);
+        store_end<T, N>(d, sum);
     };
-    // The list kernels that start at 0.0 take two objects at a time, so there the order shows between objects, too.
-    if constexpr (!from_zero) return each_object(plan, first, one);
-    return each_group<T>(plan, first, [&](int n) {
-        for (int l = 0; l < W; ++l) one(n + l);
-        return true;
-    });
+    return each_object_of<T, from_zero>(plan, first, one, matrix, vector,
+                                        plan.source[adds ? 2 : 1].operand, plan.result[0]);
+}
+
+// One matrix for all vectors: its columns are read once.
+template <class T, int N, bool from_zero, bool adds>
+int one_matrix(const LanePlan &plan, int first) {
+    using Column = Row<T, N>;
+    const LaneOperand &vector = plan.source[1].operand;
+    const LaneAccess<T, N, N> matrix(plan.source[0].operand);
+    Column column[N];
+    for (int p = 0; p < N; ++p) {
+        T elements[N];
+        for (int i = 0; i < N; ++i)
+            elements[i] = load_element<T>(matrix.o.transposed ? matrix.address(0, p, i) : matrix.address(0, i, p));
+        column[p] = Column::load(reinterpret_cast<const Byte *>(elements));
+    }
+    const std::ptrdiff_t step = vector.stride2;
+    return each_object_of<T, from_zero>(
+        plan, first,
+        [&](const Byte *b, const Byte *c, const Byte *d) {
+            Column sum = column[0] * Column::all(load_element<T>(b));
+            if constexpr (from_zero) sum = Column::all(0) + sum;
+#pragma GCC unroll 6
+            for (int p = 1; p < N; ++p) sum = sum + column[p] * Column::all(load_element<T>(b + p * step));
+            if constexpr (adds) sum = sum + Column::load(c);
+            sum.store(d);
+        },
+        vector, plan.source[adds ? 2 : 1].operand, plan.result[0]);
 }
 
 template <class T, int N, bool from_zero, bool adds>
 SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
     using Num = Pack<T>;
-    const LaneAccess<T, N, N> matrix(plan.source[0].operand);
-    const LaneAccess<T, 1, N> vector(plan.source[1].operand), added(plan.source[adds ? 2 : 1].operand);
-    const LaneAccess<T, 1, N> dst(plan.result[0]);
-    const auto compute = [&](int n, const Num *a, auto known) {
+    using Vectors = LaneAccess<T, 1, N>;
+    using Matrices = LaneAccess<T, N, N>;
+    const Matrices matrix(plan.source[0].operand);
+    const Vectors vector(plan.source[1].operand), added(plan.source[adds ? 2 : 1].operand), dst(plan.result[0]);
+    const auto compute = [](int n, const Num *a, const auto &from, const auto &beside, const auto &to) {
         Num b[N], c[N], d[N];
-        vector.template load_by<known>(n, b);
-        if constexpr (adds) added.template load_by<known>(n, c);
+        from.load(n, b);
+        if constexpr (adds) beside.load(n, c);
 #pragma GCC unroll 6
         for (int i = 0; i < N; ++i) {
             Num sum = a[i * N] * b[0];
@@ -66,27 +89,35 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
             if constexpr (adds) sum = sum + c[i];
             d[i] = sum;
         }
-        dst.template store_by<known>(n, d);
+        to.store(n, d);
         return true;
     };
+    const bool by_columns = dst.way == Vectors::Way::rows && (!adds || added.way == Vectors::Way::rows) &&
+                            vector.o.addressing != Addressing::pointers;
     if (matrix.o.single) {
+        if (by_columns && !(vector.packed && added.packed && dst.packed && (sizeof(T) == 4 || N == 3)))
+            return one_matrix<T, N, from_zero, adds>(plan, first);
         Num a[N * N];
         matrix.load(0, a);
-        return each_group_by<false, T>(
-            plan, first, [&](int n, auto known) { return compute(n, a, known); }, vector, added, dst);
+        return each_group_by<T, Known::packed, Known::planes>(
+            plan, first,
+            [&](int n, const auto &from, const auto &beside, const auto &to) {
+                return compute(n, a, from, beside, to);
+            },
+            vector, added, dst);
     }
     if constexpr (masked_ends) {
-        using Way = typename LaneAccess<T, 1, N>::Way;
-        const bool adjacent =
-            dst.way == Way::rows && (!adds || added.way == Way::rows) && vector.o.addressing != Addressing::pointers;
-        if (adjacent && matrix.way == LaneAccess<T, N, N>::Way::rows && matrix.dense && !matrix.o.transposed)
-            return product_by_columns<T, N, from_zero, adds>(plan, first);
+        const bool in_registers = matrix.way == Matrices::Way::rows && matrix.dense && !matrix.o.transposed;
+        if (by_columns && in_registers) return product_by_columns<T, N, from_zero, adds>(plan, first);
     }
-    return each_group<T>(plan, first, [&](int n) {
-        Num a[N * N];
-        matrix.load(n, a);
-        return compute(n, a, Knows<Known::nothing>{});
-    });
+    return each_group_by<T, Known::planes>(
+        plan, first,
+        [&](int n, const auto &matrices, const auto &from, const auto &beside, const auto &to) {
+            Num a[N * N];
+            matrices.load(n, a);
+            return compute(n, a, from, beside, to);
+        },
+        matrix, vector, added, dst);
 }
 
 } // namespace

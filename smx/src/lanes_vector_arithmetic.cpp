@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "frame_lane_access.hpp"
+#include "frame_row.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
@@ -85,6 +86,24 @@ SMX_LANE_LOOP int packed_groups(const LanePlan &plan, T constant, int first) {
     });
 }
 
+// Vectors of adjacent elements, one object after the other.
+template <Arithmetic operation, class T, int N, Second second>
+SMX_LANE_LOOP int objects(const LanePlan &plan, T constant, int first) {
+    const LaneOperand &a = plan.source[0].operand, &d = plan.result[0];
+    const LaneOperand &b = plan.source[second == Second::value ? 0 : 1].operand;
+    using Vector = Row<T, N>;
+    return each_object_of<T>(
+        plan, first,
+        [=](const Byte *x, const Byte *y, const Byte *z) {
+            const Vector second_vector = second == Second::vectors     ? Vector::load(y)
+                                         : second == Second::constants ? Vector::all(load_element<T>(y))
+                                                                       : Vector::all(constant);
+            apply<operation>(Vector::load(x), second_vector).store(z);
+        },
+        a, b, d);
+}
+
+// Structures of arrays.
 template <Arithmetic operation, class T, int N, Second second>
 SMX_LANE_LOOP int groups(const LanePlan &plan, T constant, int first) {
     using Access = LaneAccess<T, 1, N>;
@@ -94,20 +113,22 @@ SMX_LANE_LOOP int groups(const LanePlan &plan, T constant, int first) {
     // One element at a time is better done in the sequential kernel.
     const auto slow = [](const Access &x) { return !x.o.single && x.way == Access::Way::elements; };
     if (slow(d) || slow(a) || (second == Second::vectors && slow(b))) return first;
-    return each_group<T>(plan, first, [&](int n) {
-        Pack<T> x[N] = {}, y[N] = {};
-        a.load_there(n, x);
+    const auto body = [=](int n, const auto &from, const auto &to, const auto &beside) {
+        Pack<T> x[N], y[N];
+        from.load(n, x);
         if constexpr (second == Second::vectors) {
-            b.load_there(n, y);
+            beside.load(n, y);
         } else {
             Pack<T> number(constant);
-            if constexpr (second == Second::constants) numbers.load(n, &number);
+            if constexpr (second == Second::constants) beside.load(n, &number);
             for (int j = 0; j < N; ++j) y[j] = number;
         }
         for (int j = 0; j < N; ++j) x[j] = apply<operation>(x[j], y[j]);
-        d.store_there(n, x);
+        to.store(n, x);
         return true;
-    });
+    };
+    if constexpr (second == Second::constants) return each_group_by<T, Known::planes>(plan, first, body, a, d, numbers);
+    else return each_group_by<T, Known::planes>(plan, first, body, a, d, b);
 }
 
 // Long vectors: objects in turn, each in runs of adjacent elements.
@@ -143,8 +164,11 @@ int compute(const LanePlan &plan, double value, int first) {
     if (!with_side(d.columns, [&]<int N>(Side<N>) {
             const bool in_runs =
                 packed(d) && (packed(a) || a.single) && (second != Second::vectors || packed(b) || b.single);
-            done = in_runs ? packed_groups<operation, T, N, second>(plan, constant, first)
-                           : groups<operation, T, N, second>(plan, constant, first);
+            const bool in_rows = adjacent(a) && adjacent(d) && (second != Second::vectors || adjacent(b)) &&
+                                 b.addressing != Addressing::pointers;
+            done = in_runs   ? packed_groups<operation, T, N, second>(plan, constant, first)
+                   : in_rows ? objects<operation, T, N, second>(plan, constant, first)
+                             : groups<operation, T, N, second>(plan, constant, first);
         }))
         done = long_objects<operation, T, second>(plan, constant, first);
     return done;

@@ -2,6 +2,7 @@
 
 #include "family_products_core.hpp"
 #include "frame_lane_access.hpp"
+#include "frame_row.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
@@ -9,40 +10,43 @@ inline namespace SMX_ISA {
 namespace {
 
 template <SumOrder order, class T, int N>
-int dot(const LanePlan &plan, int first) {
+SMX_LANE_LOOP int dot(const LanePlan &plan, int first) {
     const LaneAccess<T, 1, N> a(plan.source[0].operand), b(plan.source[1].operand);
     const LaneAccess<T, 1, 1> dst(plan.result[0]);
+    using enum Known;
     if (b.o.single) {
         Pack<T> y[N];
-        b.load_there(0, y);
-        const auto body = [&](int n, auto known) {
-            Pack<T> x[N];
-            a.template load_by<known>(n, x);
-            const Pack<T> sum = dot_of<order>(x, y);
-            dst.template store_by<known>(n, &sum);
-            return true;
-        };
-        return each_group_by<false, T>(plan, first, body, a, dst);
+        b.load(0, y);
+        return each_group_by<T, packed, strided, listed, planes>(
+            plan, first,
+            [&](int n, const auto &from, const auto &to) {
+                Pack<T> x[N];
+                from.load(n, x);
+                const Pack<T> sum = dot_of<order>(x, y);
+                to.store(n, &sum);
+                return true;
+            },
+            a, dst);
     }
-    const auto body = [&](int n, auto known) {
-        Pack<T> x[N], y[N], sum;
-        if constexpr (known == Known::packed && a.few) {
-            // Multiplied as they lie, so that only the products are taken apart.
-            const auto load = [n](const LaneOperand &o, int k) {
-                return load_pack<T>(at(o.base, n * o.stride0 + k * pack_bytes));
-            };
-            for (int k = 0; k < N; ++k) x[k] = load(a.o, k) * load(b.o, k);
-            take_apart<T, N>(x, y);
-            sum = sum_of<order>(y);
-        } else {
-            a.load_there(n, x);
-            b.load_there(n, y);
-            sum = dot_of<order>(x, y);
-        }
-        dst.template store_by<known>(n, &sum);
-        return true;
-    };
-    return each_group_by<false, T>(plan, first, body, a, b, dst);
+    return each_group_by<T, packed, strided, listed, planes>(
+        plan, first,
+        [](int n, const auto &from, const auto &beside, const auto &to) {
+            Pack<T> x[N], y[N], sum;
+            if constexpr (from.few) {
+                // Multiplied as they lie, so that only the products are taken apart.
+                for (int k = 0; k < N; ++k)
+                    x[k] = load_pack<T>(from.group(n) + k * pack_bytes) * load_pack<T>(beside.group(n) + k * pack_bytes);
+                take_apart<T, N>(x, y);
+                sum = sum_of<order>(y);
+            } else {
+                from.load(n, x);
+                beside.load(n, y);
+                sum = dot_of<order>(x, y);
+            }
+            to.store(n, &sum);
+            return true;
+        },
+        a, b, dst);
 }
 
 // Element i of each vector is the next one around, of vectors side by side.
@@ -51,33 +55,49 @@ struct NextAround {
 };
 
 template <class T>
-int cross(const LanePlan &plan, int first) {
+SMX_LANE_LOOP int cross(const LanePlan &plan, int first) {
     const LaneAccess<T, 1, 3> a(plan.source[0].operand), b(plan.source[1].operand), dst(plan.result[0]);
-    return each_group_by<false, T>(
+    if constexpr (masked_ends) {
+        const auto rows = [](const auto &x) { return is_known(x, Known::strided) || is_known(x, Known::listed); };
+        const bool all_packed = a.packed && b.packed && dst.packed;
+        if (rows(a) && rows(b) && rows(dst) && !all_packed)
+            return each_object_of<T>(
+                plan, first,
+                [](const Byte *from, const Byte *beside, const Byte *to) {
+                    using Vector = Row<T, 3>;
+                    const auto next = [](Vector x) {
+                        return Vector{__builtin_shufflevector(x.v, x.v, 1, 2, 0, 3)};
+                    };
+                    const Vector x = Vector::load(from), y = Vector::load(beside);
+                    next(x * next(y) - next(x) * y).store(to);
+                },
+                a.o, b.o, dst.o);
+    }
+    using enum Known;
+    return each_group_by<T, packed, strided, listed, planes>(
         plan, first,
-        [&](int n, auto known) {
+        [](int n, const auto &from, const auto &beside, const auto &to) {
             Pack<T> x[3], y[3], z[3];
-            if constexpr (known == Known::packed && a.few) {
+            if constexpr (from.few) {
                 // As they lie: a(i) b(i + 1) - a(i + 1) b(i) is element i + 2.
                 constexpr auto registers = std::make_integer_sequence<int, 3>{};
                 Pack<T> next_x[3], next_y[3];
                 for (int k = 0; k < 3; ++k) {
-                    x[k] = load_pack<T>(at(a.o.base, n * a.o.stride0 + k * pack_bytes));
-                    y[k] = load_pack<T>(at(b.o.base, n * b.o.stride0 + k * pack_bytes));
+                    x[k] = load_pack<T>(from.group(n) + k * pack_bytes);
+                    y[k] = load_pack<T>(beside.group(n) + k * pack_bytes);
                 }
                 rearrange<T, NextAround, 3>(x, next_x, registers);
                 rearrange<T, NextAround, 3>(y, next_y, registers);
                 for (int k = 0; k < 3; ++k) z[k] = x[k] * next_y[k] - next_x[k] * y[k];
                 rearrange<T, NextAround, 3>(z, x, registers);
-                for (int k = 0; k < 3; ++k)
-                    store_pack(const_cast<Byte *>(at(dst.o.base, n * dst.o.stride0 + k * pack_bytes)), x[k]);
+                for (int k = 0; k < 3; ++k) store_pack(const_cast<Byte *>(to.group(n) + k * pack_bytes), x[k]);
             } else {
-                a.load_there(n, x);
-                b.load_there(n, y);
+                from.load(n, x);
+                beside.load(n, y);
                 for (int i = 0; i < 3; ++i)
                     z[i] = cross_element(
                         i, [&](int p) { return x[p]; }, [&](int p) { return y[p]; });
-                dst.store_there(n, z);
+                to.store(n, z);
             }
             return true;
         },
