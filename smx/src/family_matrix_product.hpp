@@ -40,7 +40,7 @@ struct MatrixProduct {
     }
     template <int N, class A, class T, class D>
     static void written_out(const A &a, const T (&second)[N][N], const D &d) {
-#pragma GCC unroll 6
+#pragma GCC unroll 1
         for (int i = 0; i < N; ++i)
 #pragma GCC unroll 6
             for (int j = 0; j < N; ++j) {

@@ -429,6 +429,8 @@ void rearrange(const Pack<T> *in, Pack<T> *out, Registers);
 template <class T, int L>
 void take_apart(const Pack<T> *in, Pack<T> *out);
 template <class T, int L>
+void put_together(const Pack<T> *in, Pack<T> *out);
+template <class T, int L>
 void load_side_by_side(const Byte *from, Pack<T> *out);
 template <class T, int L>
 void store_side_by_side(const Byte *to, const Pack<T> *in);
@@ -588,12 +590,12 @@ struct LaneAccess {
     }
 
     [[gnu::always_inline]] void load(int n, Num *out) const {
-        if constexpr (R * C > 6) load_there(n, out);
-        else load_here(n, out);
+        if constexpr (R * C <= 4) load_here(n, out);
+        else load_there(n, out);
     }
     [[gnu::always_inline]] void store(int n, const Num *in) const {
-        if constexpr (R * C > 6) store_there(n, in);
-        else store_here(n, in);
+        if constexpr (R * C <= 4) store_here(n, in);
+        else store_there(n, in);
     }
 };
 
@@ -625,8 +627,14 @@ struct Objects {
     static constexpr bool few = false;
     const LaneAccess<T, R, C> &access;
     explicit Objects(const LaneAccess<T, R, C> &a) : access(a) {}
-    [[gnu::always_inline]] void load(int n, Pack<T> *out) const { access.load(n, out); }
-    [[gnu::always_inline]] void store(int n, const Pack<T> *in) const { access.store(n, in); }
+    [[gnu::always_inline]] void load(int n, Pack<T> *out) const {
+        if constexpr (R * C == 1) access.load_here(n, out);
+        else access.load_there(n, out);
+    }
+    [[gnu::always_inline]] void store(int n, const Pack<T> *in) const {
+        if constexpr (R * C == 1) access.store_here(n, in);
+        else access.store_there(n, in);
+    }
 };
 template <class T, int R, int C>
 struct Objects<Known::packed, T, R, C> {
@@ -735,6 +743,8 @@ template <class T, Known... layouts, class Body, class... Operands>
                                                 const Operands &...operands) {
     int done = first;
     [[maybe_unused]] const auto as = [&]<Known known>(Fixed<known>) __attribute__((always_inline)) {
+        // The few rows of a narrow pack leave little to decide.
+        if constexpr (pack_bytes == 16 && (known == Known::strided || known == Known::listed)) return false;
         const bool fits = (is_known(operands, known) && ...);
         if (fits) done = each_group_known<known, T>(plan, first, body, operands...);
         return fits;
@@ -745,30 +755,26 @@ template <class T, Known... layouts, class Body, class... Operands>
 
 // ---- loops over objects
 
-// Where the objects of operands start: all strided, all listed, or each as it is (single objects at a stride of 0).
+// Where the objects of a strided operand start; a single object is one at a stride of 0.
 struct StridedStarts {
     const Byte *base;
-    std::ptrdiff_t step;
+    std::ptrdiff_t stride;
     explicit StridedStarts(const LaneOperand &o)
-        : base(static_cast<const Byte *>(o.base)), step(o.single ? 0 : o.stride0) {}
-    const Byte *operator[](int n) const { return at(base, n * step); }
+        : base(static_cast<const Byte *>(o.base)), stride(o.single ? 0 : o.stride0) {}
+    const Byte *operator[](int n) const { return at(base, n * stride); }
 };
-struct ListedStarts {
-    const void *const *table;
-    std::ptrdiff_t shift;
-    explicit ListedStarts(const LaneOperand &o) : table(o.table), shift(o.shift) {}
-    const Byte *operator[](int n) const { return at(table[n], shift); }
-};
+// Of a list, too. There is nothing to decide: a strided operand is a table of one entry.
 struct ObjectStarts {
     const void *const *table;
-    std::ptrdiff_t start, step;
-    explicit ObjectStarts(const LaneOperand &o)
-        : table(o.addressing == Addressing::list ? o.table : nullptr),
-          start(table != nullptr ? o.shift : reinterpret_cast<std::ptrdiff_t>(o.base)), step(o.single ? 0 : o.stride0) {
+    std::ptrdiff_t step, shift, stride;
+    explicit ObjectStarts(const LaneOperand &o) {
+        const bool listed = o.addressing == Addressing::list;
+        table = listed ? o.table : &o.base;
+        step = listed;
+        shift = listed ? o.shift : 0;
+        stride = listed || o.single ? 0 : o.stride0;
     }
-    const Byte *operator[](int n) const {
-        return table != nullptr ? at(table[n], start) : at(nullptr, start + n * step);
-    }
+    const Byte *operator[](int n) const { return at(table[n * step], n * stride + shift); }
 };
 
 // Objects first .. count - 1 one after the other, each read whole before it is stored: only what overlaps within the
@@ -794,7 +800,6 @@ template <class T, bool pairs = false, class Body, class... Operands>
             });
     };
     if (((operands.addressing == Addressing::strided) && ...)) return loop(StridedStarts(operands)...);
-    if (((operands.addressing == Addressing::list) && ...)) return loop(ListedStarts(operands)...);
     return loop(ObjectStarts(operands)...);
 }
 

@@ -42,29 +42,53 @@ template <int N, int C, class Num>
     }
 }
 
-// The pivot indexes of a group, N packed integers an object.
+// The pivot indexes of a group, N packed integers an object. Where lanes can be rearranged, the integers are converted as
+// they lie: put together or taken apart one by one in memory, they would have to wait for each other.
 template <class T, int N>
 [[gnu::always_inline]] inline void store_pivots(int *pivots, const Pack<T> (&physical)[N]) {
     constexpr int W = Pack<T>::width;
     using Ints = typename VectorOf<T>::Indexes;
+    if constexpr (rearranges) {
+        Pack<T> together[N];
+        put_together<T, N>(physical, together);
 #pragma GCC unroll 6
-    for (int i = 0; i < N; ++i) {
-        const Ints row = __builtin_convertvector(physical[i].v, Ints);
-        for (int l = 0; l < W; ++l) pivots[l * N + i] = row[l];
+        for (int k = 0; k < N; ++k) {
+            const Ints part = __builtin_convertvector(together[k].v, Ints);
+            std::memcpy(pivots + k * W, &part, sizeof part);
+        }
+    } else {
+#pragma GCC unroll 6
+        for (int i = 0; i < N; ++i) {
+            const Ints row = __builtin_convertvector(physical[i].v, Ints);
+            for (int l = 0; l < W; ++l) pivots[l * N + i] = row[l];
+        }
     }
 }
 template <class T, int N>
 [[gnu::always_inline]] inline bool load_pivots(const int *pivots, Pack<T> (&physical)[N]) {
     constexpr int W = Pack<T>::width;
     using Ints = typename VectorOf<T>::Indexes;
+    const auto converted = [](Ints v) { return Pack<T>(__builtin_convertvector(v, typename Pack<T>::Vector)); };
+    if constexpr (rearranges) {
+        Pack<T> together[N];
+#pragma GCC unroll 6
+        for (int k = 0; k < N; ++k) {
+            Ints part;
+            std::memcpy(&part, pivots + k * W, sizeof part);
+            together[k] = converted(part);
+        }
+        take_apart<T, N>(together, physical);
+    } else {
+#pragma GCC unroll 6
+        for (int i = 0; i < N; ++i) {
+            Ints v = {};
+            for (int l = 0; l < W; ++l) v[l] = pivots[l * N + i];
+            physical[i] = converted(v);
+        }
+    }
     Mask<T> bad(false);
 #pragma GCC unroll 6
-    for (int i = 0; i < N; ++i) {
-        Ints v = {};
-        for (int l = 0; l < W; ++l) v[l] = pivots[l * N + i];
-        physical[i] = __builtin_convertvector(v, typename Pack<T>::Vector);
-        bad = bad | (physical[i] < T(0)) | (physical[i] > T(N - 1));
-    }
+    for (int i = 0; i < N; ++i) bad = bad | (physical[i] < T(0)) | (physical[i] > T(N - 1));
     return !any(bad);
 }
 

@@ -128,30 +128,43 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
                          d.way == Access::Way::rows && b.o.stride2 == size && !b.o.transposed &&
                          (a.way == Access::Way::rows || a.o.single);
     if (by_rows) {
-        const ObjectStarts x(a.o), y(b.o), z(d.o);
         const std::ptrdiff_t b_row = b.o.stride1, d_row = d.o.stride1;
-        const bool second_once = b.o.single;
+        const Byte *const single_second = b.o.single ? static_cast<const Byte *>(b.o.base) : nullptr;
         if constexpr (Together<T, N>::exists)
             if (a.way == Access::Way::rows && a.dense && b.dense && d.dense && !a.o.transposed) {
-                const Together<T, N> once(y[0]);
-                if (second_once)
-                    return each_object(plan, first, [&](int n) { once.template product<from_zero>(x[n], z[n]); });
-                return each_object(plan, first,
-                                   [&](int n) { Together<T, N>(y[n]).template product<from_zero>(x[n], z[n]); });
+                if (single_second != nullptr) {
+                    const Together<T, N> once(single_second);
+                    return each_object_of<T>(
+                        plan, first,
+                        [&](const Byte *x, const Byte *z) { once.template product<from_zero>(x, z); }, a.o, d.o);
+                }
+                return each_object_of<T>(
+                    plan, first,
+                    [](const Byte *x, const Byte *y, const Byte *z) {
+                        Together<T, N>(y).template product<from_zero>(x, z);
+                    },
+                    a.o, b.o, d.o);
             }
         const std::ptrdiff_t a_row = a.o.transposed ? a.o.stride2 : a.o.stride1;
         const std::ptrdiff_t a_column = a.o.transposed ? a.o.stride1 : a.o.stride2;
-        if (second_once) {
+        if (single_second != nullptr) {
             Row<T, N> second[N];
-            read_rows<T, N>(y[0], b_row, second);
-            return each_object(
-                plan, first, [&](int n) { rows_product<T, N, from_zero>(x[n], a_row, a_column, second, z[n], d_row); });
+            read_rows<T, N>(single_second, b_row, second);
+            return each_object_of<T>(
+                plan, first,
+                [&](const Byte *x, const Byte *z) {
+                    rows_product<T, N, from_zero>(x, a_row, a_column, second, z, d_row);
+                },
+                a.o, d.o);
         }
-        return each_object(plan, first, [&](int n) {
-            Row<T, N> second[N];
-            read_rows<T, N>(y[n], b_row, second);
-            rows_product<T, N, from_zero>(x[n], a_row, a_column, second, z[n], d_row);
-        });
+        return each_object_of<T>(
+            plan, first,
+            [&](const Byte *x, const Byte *y, const Byte *z) {
+                Row<T, N> second[N];
+                read_rows<T, N>(y, b_row, second);
+                rows_product<T, N, from_zero>(x, a_row, a_column, second, z, d_row);
+            },
+            a.o, b.o, d.o);
     }
     return each_group<T>(plan, first, [&](int n) {
         Num x[N * N], y[N * N], z[N * N];
