@@ -54,6 +54,7 @@ struct MatrixSum {
         T value[N * N];
         template <class View>
         void read(const View &view) {
+#pragma GCC unroll 1
             for (int i = 0; i < N; ++i)
                 for (int j = 0; j < N; ++j) value[i * N + j] = view(i, j);
         }
@@ -70,6 +71,7 @@ struct MatrixSum {
             const auto out = d.object(n, N);
             T sums[N * N];
             for (int e = 0; e < N * N; ++e) sums[e] = Op::apply(x.value[e], y.value[e]);
+#pragma GCC unroll 1
             for (int i = 0; i < N; ++i)
                 for (int j = 0; j < N; ++j) out(i, j) = sums[i * N + j];
         }

@@ -743,8 +743,8 @@ template <class T, Known... layouts, class Body, class... Operands>
                                                 const Operands &...operands) {
     int done = first;
     [[maybe_unused]] const auto as = [&]<Known known>(Fixed<known>) __attribute__((always_inline)) {
-        // The few rows of a narrow pack leave little to decide.
-        if constexpr (pack_bytes == 16 && (known == Known::strided || known == Known::listed)) return false;
+        // Beside what narrow packs do not save, a decision is little; the code for each layout would be much.
+        if constexpr (pack_bytes == 16) return false;
         const bool fits = (is_known(operands, known) && ...);
         if (fits) done = each_group_known<known, T>(plan, first, body, operands...);
         return fits;

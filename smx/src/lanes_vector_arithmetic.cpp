@@ -10,7 +10,8 @@ inline namespace SMX_ISA {
 
 namespace {
 
-enum class Second { value, constants, vectors };
+// The second operand: constants, one an object or one for all, or vectors.
+enum class Second { constants, vectors };
 
 bool adjacent(const LaneOperand &o) {
     return o.addressing != Addressing::pointers && (o.stride2 == o.element || o.columns == 1);
@@ -46,22 +47,19 @@ template <int N, int k, class T>
 
 // Groups of packed objects, W times N adjacent elements, beside single vectors and constants.
 template <Arithmetic operation, class T, int N, Second second>
-SMX_LANE_LOOP int packed_groups(const LanePlan &plan, T constant, int first) {
+SMX_LANE_LOOP int packed_groups(const LanePlan &plan, const LaneOperand &b, int first) {
     constexpr int W = Pack<T>::width;
     const LaneOperand &a = plan.source[0].operand, &d = plan.result[0];
-    const LaneOperand &b = plan.source[second == Second::value ? 0 : 1].operand;
-    // A single vector, repeated over N packs.
-    const auto repeated = [&](const LaneOperand &o, Pack<T>(&out)[N]) {
+    // A single vector or constant, repeated over N packs.
+    const auto repeated = [](const LaneOperand &o, Pack<T>(&out)[N]) {
         T values[N * W];
-        const LaneAccess<T, 1, N> access(o);
-        for (int e = 0; e < N * W; ++e) values[e] = load_element<T>(access.address(0, 0, e % N));
+        const Byte *const from = static_cast<const Byte *>(o.base);
+        for (int e = 0; e < N * W; ++e) values[e] = load_element<T>(o.columns == 1 ? from : from + e % N * o.stride2);
         for (int k = 0; k < N; ++k) out[k] = load_pack<T>(values + k * W);
     };
     Pack<T> x[N] = {}, y[N] = {}; // zeroed for GCC 12, which loses track of which elements are read
     if (a.single) repeated(a, x);
-    if (second == Second::vectors && b.single) repeated(b, y);
-    if (second == Second::value)
-        for (int k = 0; k < N; ++k) y[k] = Pack<T>(constant);
+    if (b.single) repeated(b, y);
     const LaneAccess<T, 1, 1> numbers(b);
     return each_group<T>(plan, first, [&](int n) {
         const auto load = [&](const LaneOperand &o, Pack<T>(&out)[N]) {
@@ -71,7 +69,7 @@ SMX_LANE_LOOP int packed_groups(const LanePlan &plan, T constant, int first) {
         };
         if (!a.single) load(a, x);
         if (second == Second::vectors && !b.single) load(b, y);
-        if constexpr (second == Second::constants) {
+        if (second == Second::constants && !b.single) {
             Pack<T> number;
             numbers.load(n, &number);
             [&]<int... k>(std::integer_sequence<int, k...>) {
@@ -88,102 +86,98 @@ SMX_LANE_LOOP int packed_groups(const LanePlan &plan, T constant, int first) {
 
 // Vectors of adjacent elements, one object after the other.
 template <Arithmetic operation, class T, int N, Second second>
-SMX_LANE_LOOP int objects(const LanePlan &plan, T constant, int first) {
-    const LaneOperand &a = plan.source[0].operand, &d = plan.result[0];
-    const LaneOperand &b = plan.source[second == Second::value ? 0 : 1].operand;
+SMX_LANE_LOOP int objects(const LanePlan &plan, const LaneOperand &b, int first) {
     using Vector = Row<T, N>;
     return each_object_of<T>(
         plan, first,
-        [=](const Byte *x, const Byte *y, const Byte *z) {
-            const Vector second_vector = second == Second::vectors     ? Vector::load(y)
-                                         : second == Second::constants ? Vector::all(load_element<T>(y))
-                                                                       : Vector::all(constant);
-            apply<operation>(Vector::load(x), second_vector).store(z);
+        [](const Byte *x, const Byte *y, const Byte *z) {
+            const Vector beside = second == Second::vectors ? Vector::load(y) : Vector::all(load_element<T>(y));
+            apply<operation>(Vector::load(x), beside).store(z);
         },
-        a, b, d);
+        plan.source[0].operand, b, plan.result[0]);
 }
 
 // Structures of arrays.
 template <Arithmetic operation, class T, int N, Second second>
-SMX_LANE_LOOP int groups(const LanePlan &plan, T constant, int first) {
+SMX_LANE_LOOP int groups(const LanePlan &plan, const LaneOperand &b, int first) {
     using Access = LaneAccess<T, 1, N>;
-    const LaneOperand &second_operand = plan.source[second == Second::value ? 0 : 1].operand;
-    const Access a(plan.source[0].operand), b(second_operand), d(plan.result[0]);
-    const LaneAccess<T, 1, 1> numbers(second_operand);
+    const Access a(plan.source[0].operand), d(plan.result[0]), vectors(b);
+    const LaneAccess<T, 1, 1> numbers(b);
     // One element at a time is better done in the sequential kernel.
     const auto slow = [](const Access &x) { return !x.o.single && x.way == Access::Way::elements; };
-    if (slow(d) || slow(a) || (second == Second::vectors && slow(b))) return first;
-    const auto body = [=](int n, const auto &from, const auto &to, const auto &beside) {
+    if (slow(d) || slow(a) || (second == Second::vectors && slow(vectors))) return first;
+    const auto body = [&](int n, const auto &from, const auto &to, const auto &...beside) {
         Pack<T> x[N], y[N];
         from.load(n, x);
         if constexpr (second == Second::vectors) {
-            beside.load(n, y);
+            (beside.load(n, y), ...);
         } else {
-            Pack<T> number(constant);
-            if constexpr (second == Second::constants) beside.load(n, &number);
+            Pack<T> number;
+            numbers.load(n, &number);
             for (int j = 0; j < N; ++j) y[j] = number;
         }
         for (int j = 0; j < N; ++j) x[j] = apply<operation>(x[j], y[j]);
         to.store(n, x);
         return true;
     };
-    if constexpr (second == Second::constants) return each_group_by<T, Known::planes>(plan, first, body, a, d, numbers);
-    else return each_group_by<T, Known::planes>(plan, first, body, a, d, b);
+    if constexpr (second == Second::vectors) return each_group_by<T, Known::planes>(plan, first, body, a, d, vectors);
+    else return each_group_by<T, Known::planes>(plan, first, body, a, d);
 }
 
 // Long vectors: objects in turn, each in runs of adjacent elements.
 template <Arithmetic operation, class T, Second second>
-int long_objects(const LanePlan &plan, T constant, int first) {
+int long_objects(const LanePlan &plan, const LaneOperand &b, int first) {
     const LaneOperand &a = plan.source[0].operand, &d = plan.result[0];
-    const LaneOperand &b = plan.source[second == Second::value ? 0 : 1].operand;
     if (plan.verdict != Verdict::always || d.columns < Pack<T>::width) return first;
-    if (!adjacent(a) || !adjacent(d) || (second == Second::vectors && !adjacent(b))) return first;
-    const auto start = [](const LaneOperand &o, int n) {
-        return o.addressing == Addressing::list ? at(o.table[n], o.shift) : at(o.base, o.single ? 0 : n * o.stride0);
-    };
+    if (!adjacent(a) || !adjacent(d) || !adjacent(b)) return first;
+    const ObjectStarts x(a), y(b), z(d);
     for (int n = first; n < plan.count; ++n) {
-        const Byte *const y = start(b, n);
-        if constexpr (second == Second::constants) constant = load_element<T>(y);
-        run<operation, T, second == Second::vectors>(start(a, n), y, constant, start(d, n), d.columns * d.stride2);
+        const T constant = second == Second::constants ? load_element<T>(y[n]) : T(0);
+        run<operation, T, second == Second::vectors>(x[n], y[n], constant, z[n], d.columns * d.stride2);
     }
     return plan.count;
 }
 
 template <Arithmetic operation, class T, Second second>
-int compute(const LanePlan &plan, double value, int first) {
+int compute(const LanePlan &plan, const LaneOperand &b, int first) {
     const LaneOperand &a = plan.source[0].operand, &d = plan.result[0];
-    const LaneOperand &b = plan.source[second == Second::value ? 0 : 1].operand;
-    const T constant = static_cast<T>(value);
-    if ((second != Second::constants || d.columns == 1) && packed(a) && packed(b) && packed(d)) {
-        const std::ptrdiff_t done = first * d.stride0;
-        run<operation, T, second != Second::value>(at(a.base, done), at(b.base, done), constant, at(d.base, done),
-                                                   (plan.count - first) * d.stride0);
+    const bool one_constant = second == Second::constants && b.single;
+    if (packed(a) && packed(d) && (one_constant || (packed(b) && (second == Second::vectors || d.columns == 1)))) {
+        const std::ptrdiff_t done = first * d.stride0, bytes = (plan.count - first) * d.stride0;
+        const Byte *const x = at(a.base, done), *const z = at(d.base, done);
+        if (one_constant) run<operation, T, false>(x, x, *static_cast<const T *>(b.base), z, bytes);
+        else run<operation, T, true>(x, at(b.base, done), T(0), z, bytes);
         return plan.count;
     }
     int done = first;
     if (!with_side(d.columns, [&]<int N>(Side<N>) {
-            const bool in_runs =
-                packed(d) && (packed(a) || a.single) && (second != Second::vectors || packed(b) || b.single);
-            const bool in_rows = adjacent(a) && adjacent(d) && (second != Second::vectors || adjacent(b)) &&
-                                 b.addressing != Addressing::pointers;
-            done = in_runs   ? packed_groups<operation, T, N, second>(plan, constant, first)
-                   : in_rows ? objects<operation, T, N, second>(plan, constant, first)
-                             : groups<operation, T, N, second>(plan, constant, first);
+            const auto in_run = [](const LaneOperand &o) {
+                return packed(o) || (o.single && o.addressing == Addressing::strided);
+            };
+            const bool in_runs = packed(d) && in_run(a) && (in_run(b) || second == Second::constants);
+            const bool in_rows = adjacent(a) && adjacent(d) && adjacent(b);
+            done = in_runs   ? packed_groups<operation, T, N, second>(plan, b, first)
+                   : in_rows ? objects<operation, T, N, second>(plan, b, first)
+                             : groups<operation, T, N, second>(plan, b, first);
         }))
-        done = long_objects<operation, T, second>(plan, constant, first);
+        done = long_objects<operation, T, second>(plan, b, first);
     return done;
 }
 
 template <Arithmetic operation>
-int by_form(const LanePlan &plan, double constant, int first) {
+int by_form(const LanePlan &plan, double value, int first) {
     const auto with = [&](auto zero) {
         using T = decltype(zero);
-        if (plan.sources == 1) return compute<operation, T, Second::value>(plan, constant, first);
+        if (plan.sources == 1) {
+            const T constant = static_cast<T>(value);
+            const LaneOperand one{&constant, nullptr, 0, 0, 0, 0, sizeof(T), 1, 1, Addressing::strided, false, true};
+            return compute<operation, T, Second::constants>(plan, one, first);
+        }
+        const LaneOperand &b = plan.source[1].operand;
         // One constant an object, unless it is a vector of one element, which is the same.
-        if (plan.source[1].operand.columns == 1 && !plan.source[1].operand.single)
-            return compute<operation, T, Second::constants>(plan, constant, first);
+        if (b.columns == 1 && !b.single) return compute<operation, T, Second::constants>(plan, b, first);
         if constexpr (operation == Arithmetic::add || operation == Arithmetic::subtract)
-            return compute<operation, T, Second::vectors>(plan, constant, first);
+            return compute<operation, T, Second::vectors>(plan, b, first);
         else return first;
     };
     return plan.result[0].element == sizeof(float) ? with(float{}) : with(double{});
