@@ -33,16 +33,13 @@ InstructionSet chosen() {
     return limit;
 }
 
-int remembered = -1;
-
 } // namespace
 
-InstructionSet instruction_set() {
-    // Every thread finds the same answer, so it does not matter which one stores it.
-    const int known = __atomic_load_n(&remembered, __ATOMIC_RELAXED);
-    if (known >= 0) return static_cast<InstructionSet>(known);
+int instruction_set_found = -1;
+
+InstructionSet find_instruction_set() {
     const InstructionSet found = chosen();
-    __atomic_store_n(&remembered, static_cast<int>(found), __ATOMIC_RELAXED);
+    __atomic_store_n(&instruction_set_found, static_cast<int>(found), __ATOMIC_RELAXED);
     return found;
 }
 

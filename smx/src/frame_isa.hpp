@@ -2,7 +2,7 @@
 //
 // Every unit is compiled for one set and puts all its inline code into the namespace of that set, so that code built
 // for a wide set can never be merged into code that runs everywhere. The library itself is built for the baseline;
-// the lanes_*.cpp units are built again for each wider set (cmake/lanes.cmake) and reached through SMX_ON_LANES.
+// the lanes_*.cpp units are built again for each wider set (smx/CMakeLists.txt) and reached through SMX_ON_LANES.
 #pragma once
 
 #ifndef SMX_ISA
@@ -14,12 +14,18 @@ namespace smx {
 // `sequential` computes one object after the other.
 enum class InstructionSet { sequential = 0, baseline = 1, avx2 = 2, avx512 = 3 };
 
-// The widest set that the processor and its system support, or a narrower one that the environment variable SMX_ISA
-// names, for tests. Found once, at the first call.
-InstructionSet instruction_set();
+extern int instruction_set_found; // or negative
+InstructionSet find_instruction_set();
 
-// Bytes of one vector register of the chosen set.
 inline namespace SMX_ISA {
+// The widest set that the processor and its system support, or a narrower one that the environment variable SMX_ISA
+// names, for tests. Found once, at the first call: every thread finds the same, so it does not matter which one stores
+// it.
+inline InstructionSet instruction_set() {
+    const int found = __atomic_load_n(&instruction_set_found, __ATOMIC_RELAXED);
+    return found >= 0 ? static_cast<InstructionSet>(found) : find_instruction_set();
+}
+// Bytes of one vector register of the chosen set.
 inline int lane_bytes() {
     return 8 << static_cast<int>(instruction_set());
 }

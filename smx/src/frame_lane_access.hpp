@@ -827,11 +827,12 @@ template <class T, int L, class F, class... Starts>
         std::memcpy(const_cast<Byte *>(d + (k == vectors - 1 ? bytes - wide : k * wide)), &result[k], wide);
 }
 
-// Calls f(T{}, Side<n>{}) for a plan's element type and a side of 3 to 6; else nothing is done.
+// Calls f(T{}, Side<n>{}) for an element type and a side of 3 to 6; else, or if there is less than one group, nothing is
+// done.
 template <class F>
 [[gnu::always_inline]] inline int by_type_and_side(const LanePlan &plan, int element, int side, int first, F f) {
     int done = first;
-    (void)plan;
+    if ((plan.count - first) * element < pack_bytes) return first;
     if (element == sizeof(float)) with_side(side, [&](auto s) { done = f(float{}, s); });
     else with_side(side, [&](auto s) { done = f(double{}, s); });
     return done;

@@ -36,9 +36,7 @@ ptrdiff_t strided_extent(const LaneOperand &o) {
     return (o.rows - 1) * o.stride1 + (o.columns - 1) * o.stride2 + o.element;
 }
 
-Footprint footprint(const LaneOperand &o) {
-    if (o.addressing != Addressing::pointers)
-        return {reinterpret_cast<Address>(o.base), strided_extent(o), o.single ? 0 : o.stride0};
+Footprint footprint_of_pointers(const LaneOperand &o) {
     Address low = entry(o, 0), high = low;
     for (int e = 1; e < elements(o); ++e) {
         const Address at = entry(o, e);
@@ -46,6 +44,10 @@ Footprint footprint(const LaneOperand &o) {
         high = at > high ? at : high;
     }
     return {low, high - low + o.element, o.single ? 0 : o.stride0};
+}
+[[gnu::always_inline]] inline Footprint footprint(const LaneOperand &o) {
+    if (o.addressing == Addressing::pointers) return footprint_of_pointers(o);
+    return {reinterpret_cast<Address>(o.base), strided_extent(o), o.single ? 0 : o.stride0};
 }
 
 bool apart(Address low1, ptrdiff_t size1, Address low2, ptrdiff_t size2) {
@@ -145,26 +147,21 @@ bool list_pair_is_safe(const LaneOperand &s, const LaneOperand &d, const Span &a
 }
 
 // Do different objects of a result stay out of each other's way within a group?
-Verdict result_alone(const LaneOperand &d, int width, int count) {
-    if (d.addressing == Addressing::list)
-        return SMX_ON_LANES(list_ascends, addresses(d), count, strided_extent(d)) ? Verdict::always : Verdict::by_group;
-    const Footprint f = footprint(d);
-    if (f.stride0 >= f.extent) return Verdict::always;
-    if (f.stride0 == d.element) return lane_rows_apart(d, d, width, false) ? Verdict::always : Verdict::never;
-    return Verdict::never;
+Verdict listed_alone(const LaneOperand &d, int count) {
+    return SMX_ON_LANES(list_ascends, addresses(d), count, strided_extent(d)) ? Verdict::always : Verdict::by_group;
+}
+Verdict interleaved_alone(const LaneOperand &d, int width) {
+    return d.stride0 == d.element && lane_rows_apart(d, d, width, false) ? Verdict::always : Verdict::never;
 }
 
 ptrdiff_t floor_divide(ptrdiff_t a, ptrdiff_t b) {
     return a / b - (a % b < 0);
 }
 
-Verdict pair(const LaneSource &source, const LaneOperand &d, const Span &all_d, int width, int count) {
+// A source and a result that are no lists, and whose bytes, of all objects of the call, meet somewhere.
+Verdict overlapping_pair(const LaneSource &source, const Footprint &fs, const LaneOperand &d, const Footprint &fd,
+                         int width) {
     const LaneOperand &s = source.operand;
-    if (s.addressing == Addressing::list || d.addressing == Addressing::list)
-        return list_pair_is_safe(s, d, all_d, fine_in_place(source, d), count) ? Verdict::always : Verdict::by_group;
-    const Footprint fs = footprint(s), fd = footprint(d);
-    const ptrdiff_t span_s = fs.extent + (count - 1) * fs.stride0, span_d = fd.extent + (count - 1) * fd.stride0;
-    if (apart(fs.low, span_s, fd.low, span_d)) return Verdict::always;
     if (s.single || fs.stride0 != fd.stride0) return Verdict::never;
     // Result m and source n overlap for the differences k = m - n with  distance + k stride0  in (-extent_d, extent_s).
     const ptrdiff_t distance = fd.low - fs.low;
@@ -179,17 +176,24 @@ Verdict pair(const LaneSource &source, const LaneOperand &d, const Span &all_d, 
     return Verdict::never;
 }
 
-} // namespace
-
-void judge(LanePlan &plan, int groups) {
-    plan.verdict = Verdict::never;
-    plan.doubts = 0;
+// The most objects that are loaded before any of them is stored, for the verdict on results of any element type.
+int widest_group(const LanePlan &plan, int groups) {
     int width = 2;
     for (int i = 0; i < plan.results; ++i) {
         const int lanes = groups * lane_bytes() / plan.result[i].element;
         width = lanes > width ? lanes : width;
     }
-    if (plan.count < 2 || instruction_set() == InstructionSet::sequential) return;
+    return width;
+}
+
+} // namespace
+
+// Every call comes through here: what most calls need is inline, and the rest out of the way.
+void judge(LanePlan &plan, int groups) {
+    plan.verdict = Verdict::never;
+    plan.doubts = 0;
+    const int count = plan.count;
+    if (count < 2 || instruction_set() == InstructionSet::sequential) return;
     bool never = false;
     const auto note = [&](Verdict found, unsigned doubt) {
         never = never || found == Verdict::never;
@@ -197,13 +201,27 @@ void judge(LanePlan &plan, int groups) {
     };
     for (int i = 0; i < plan.results && !never; ++i) {
         const LaneOperand &d = plan.result[i];
-        const Span all_d = d.addressing == Addressing::pointers ? Span{} : span(d, plan.count);
-        note(result_alone(d, width, plan.count), doubt_alone(i));
-        for (int j = 0; j < plan.sources && !never; ++j)
-            note(pair(plan.source[j], d, all_d, width, plan.count), doubt_source(i, j));
+        const bool listed = d.addressing == Addressing::list;
+        const Footprint fd = listed ? Footprint{} : footprint(d);
+        if (listed) note(listed_alone(d, count), doubt_alone(i));
+        else if (fd.stride0 < fd.extent) note(interleaved_alone(d, widest_group(plan, groups)), doubt_alone(i));
+        Span all_d{};
+        if (!listed) all_d = {fd.low, fd.low + fd.extent + (count - 1) * fd.stride0};
+        else all_d = span(d, count);
+        const auto pair = [&](const LaneSource &source) __attribute__((always_inline)) {
+            const LaneOperand &s = source.operand;
+            if (listed || s.addressing == Addressing::list)
+                return list_pair_is_safe(s, d, all_d, fine_in_place(source, d), count) ? Verdict::always
+                                                                                       : Verdict::by_group;
+            const Footprint fs = footprint(s);
+            if (apart(fs.low, fs.extent + (count - 1) * fs.stride0, all_d.low, all_d.high - all_d.low))
+                return Verdict::always;
+            return overlapping_pair(source, fs, d, fd, widest_group(plan, groups));
+        };
+        for (int j = 0; j < plan.sources && !never; ++j) note(pair(plan.source[j]), doubt_source(i, j));
         // Two results of one call must not meet at all.
         for (int j = 0; j < i && !never; ++j)
-            note(pair({plan.result[j], SameObject::none}, d, all_d, width, plan.count), doubt_results(i, j));
+            note(pair({plan.result[j], SameObject::none}), doubt_results(i, j));
     }
     if (!never) plan.verdict = plan.doubts != 0 ? Verdict::by_group : Verdict::always;
 }
