@@ -33,8 +33,9 @@ struct MatrixByConstant {
     template <class A, class C, class D, class Range>
     static SmxStatus in_groups(const A &a, const C &factor, const D &dst, int width, int height, int count,
                                Range one_by_one) {
-        const LanePlan plan =
-            lane_plan(count, {{a.lanes(height, width), SameObject::identical}}, {dst.lanes(height, width)});
+        const LaneOperand result = dst.lanes(height, width);
+        const LanePlan plan = lane_plan(count, {{a.lanes(height, width), SameObject::identical}}, {result},
+                                        groups_at_once(result));
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, combination_lanes, plan, factor.value, 0); }, one_by_one);
     }
@@ -87,9 +88,10 @@ struct VectorCombination {
     template <bool has_factor2, class A, class B, class D>
     static SmxStatus in_groups(const A &a, ElementOf<D> factor1, const B &b, ElementOf<D> factor2, const D &dst,
                                int len, int count) {
+        const LaneOperand result = dst.lanes(1, len);
         const LanePlan plan =
             lane_plan(count, {{a.lanes(1, len), SameObject::identical}, {b.lanes(1, len), SameObject::identical}},
-                      {dst.lanes(1, len)});
+                      {result}, groups_at_once(result));
         const double second = has_factor2 ? factor2 : 1;
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, combination_lanes, plan, factor1, second); },

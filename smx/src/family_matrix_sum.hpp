@@ -99,9 +99,10 @@ struct MatrixSum {
     // Whole groups by the lane engine where it has a way, which is the same for every tier: one operation an element.
     template <class T, class A, class B, class D, class Range>
     static SmxStatus in_groups(const A &a, const B &b, const D &d, int width, int height, int count, Range one_by_one) {
+        const LaneOperand result = d.lanes(height, width);
         const LanePlan plan = lane_plan(
             count, {{a.lanes(height, width), SameObject::identical}, {b.lanes(height, width), SameObject::identical}},
-            {d.lanes(height, width)});
+            {result}, groups_at_once(result));
         return for_each_object<T>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, matrix_sum_lanes, plan, Op::minus); }, one_by_one);
     }

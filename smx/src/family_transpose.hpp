@@ -78,8 +78,9 @@ struct Transpose {
         };
         if (side != height.value || side < 3 || side > 6) return one_by_one(0, count.value);
         // A copy of the source as seen transposed.
-        const LanePlan plan =
-            lane_plan(count.value, {{transposed(a).lanes(side, side), SameObject::none}}, {d.lanes(side, side)});
+        const LaneOperand result = d.lanes(side, side);
+        const LanePlan plan = lane_plan(count.value, {{transposed(a).lanes(side, side), SameObject::none}}, {result},
+                                        groups_at_once(result));
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, copy_lanes, plan); }, one_by_one);
     }

@@ -753,6 +753,34 @@ template <class T, Known... layouts, class Body, class... Operands>
     return each_group_known<Known::nothing, T>(plan, first, body, operands...);
 }
 
+// Structures of arrays of any shape, taken element by element of `plane_groups` groups at once; others are not touched.
+inline bool is_planes(const LaneOperand &o) {
+    return o.addressing != Addressing::list && !o.single && o.stride0 == o.element;
+}
+// Element (i, j) of object 0, as the operation sees it.
+inline const Byte *element_at(const LaneOperand &o, int i, int j) {
+    const int row = o.transposed ? j : i, column = o.transposed ? i : j;
+    if (o.addressing == Addressing::pointers) return at(o.table[row * o.columns + column], o.shift);
+    return at(o.base, row * o.stride1 + column * o.stride2);
+}
+template <class T, class F, class... Sources>
+SMX_LANE_LOOP int plane_by_plane(const LanePlan &plan, int first, F apply, const LaneOperand &d,
+                                 const Sources &...sources) {
+    if (plan.groups < plane_groups || !(is_planes(d) && ... && is_planes(sources))) return first;
+    const int height = d.rows, width = d.columns;
+    return each_group<T, plane_groups>(plan, first, [&](int n) {
+        const auto plane = [&](const Byte *to, const auto *...from) {
+#pragma GCC unroll 8
+            for (int k = 0; k < plane_groups * pack_bytes; k += pack_bytes)
+                store_pack(const_cast<Byte *>(to + k), apply(load_pack<T>(from + k)...));
+        };
+        const std::ptrdiff_t offset = n * static_cast<std::ptrdiff_t>(sizeof(T));
+        for (int i = 0; i < height; ++i)
+            for (int j = 0; j < width; ++j) plane(element_at(d, i, j) + offset, element_at(sources, i, j) + offset...);
+        return true;
+    });
+}
+
 // ---- loops over objects
 
 // Where the objects of a strided operand start; a single object is one at a stride of 0.

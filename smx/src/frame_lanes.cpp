@@ -177,19 +177,19 @@ Verdict overlapping_pair(const LaneSource &source, const Footprint &fs, const La
 }
 
 // The most objects that are loaded before any of them is stored, for the verdict on results of any element type.
-int widest_group(const LanePlan &plan, int groups) {
+int widest_group(const LanePlan &plan) {
     int width = 2;
     for (int i = 0; i < plan.results; ++i) {
-        const int lanes = groups * lane_bytes() / plan.result[i].element;
+        const int lanes = plan.groups * lane_bytes() / plan.result[i].element;
         width = lanes > width ? lanes : width;
     }
-    return width;
+    return width < plan.count ? width : plan.count;
 }
 
 } // namespace
 
 // Every call comes through here: what most calls need is inline, and the rest out of the way.
-void judge(LanePlan &plan, int groups) {
+void judge(LanePlan &plan) {
     plan.verdict = Verdict::never;
     plan.doubts = 0;
     const int count = plan.count;
@@ -204,7 +204,7 @@ void judge(LanePlan &plan, int groups) {
         const bool listed = d.addressing == Addressing::list;
         const Footprint fd = listed ? Footprint{} : footprint(d);
         if (listed) note(listed_alone(d, count), doubt_alone(i));
-        else if (fd.stride0 < fd.extent) note(interleaved_alone(d, widest_group(plan, groups)), doubt_alone(i));
+        else if (fd.stride0 < fd.extent) note(interleaved_alone(d, widest_group(plan)), doubt_alone(i));
         Span all_d{};
         if (!listed) all_d = {fd.low, fd.low + fd.extent + (count - 1) * fd.stride0};
         else all_d = span(d, count);
@@ -216,7 +216,7 @@ void judge(LanePlan &plan, int groups) {
             const Footprint fs = footprint(s);
             if (apart(fs.low, fs.extent + (count - 1) * fs.stride0, all_d.low, all_d.high - all_d.low))
                 return Verdict::always;
-            return overlapping_pair(source, fs, d, fd, widest_group(plan, groups));
+            return overlapping_pair(source, fs, d, fd, widest_group(plan));
         };
         for (int j = 0; j < plan.sources && !never; ++j) note(pair(plan.source[j]), doubt_source(i, j));
         // Two results of one call must not meet at all.

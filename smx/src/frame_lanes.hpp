@@ -46,12 +46,13 @@ struct LanePlan {
     int sources;
     int results;
     int count;
+    int groups; // of the widest lanes, that may be loaded before any of them is stored
     Verdict verdict;
     unsigned doubts;
 };
 
-// Fills in the verdict for the widest groups of the chosen instruction set, or for as many of them at once.
-void judge(LanePlan &plan, int groups);
+// Fills in the verdict for so many groups of the chosen instruction set's widest lanes at once.
+void judge(LanePlan &plan);
 // May the objects first .. first + width - 1 be loaded before any of them is stored?
 bool group_is_safe(const LanePlan &plan, int first, int width);
 // The first object from `first` on that may not be loaded whole before it is stored.
@@ -72,8 +73,15 @@ template <int Sources, int Results>
     plan.sources = Sources;
     plan.results = Results;
     plan.count = count;
-    judge(plan, groups);
+    plan.groups = groups;
+    judge(plan);
     return plan;
+}
+
+// Structures of arrays, of which one element after the other is taken of many groups: few streams at a time.
+constexpr int plane_groups = 8;
+inline int groups_at_once(const LaneOperand &result) {
+    return result.stride0 == result.element ? plane_groups : 1;
 }
 
 // Runs `count` objects: groups(n) computes whole groups from object n on and returns the first object that it has not

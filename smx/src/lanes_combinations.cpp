@@ -51,7 +51,9 @@ SMX_LANE_LOOP int objects(const LanePlan &plan, T factor1, T factor2, int first)
             plan, first,
             [&](const Byte *x, const Byte *y, const Byte *z) { element_by_element<T, R * C>(combined, z, x, y); }, a.o,
             b.o, d.o);
-    return each_group_by<T, Known::planes>(
+    first = two ? plane_by_plane<T>(plan, first, combined, d.o, a.o, b.o)
+                : plane_by_plane<T>(plan, first, [&](auto x) { return combined(x, x); }, d.o, a.o);
+    return each_group_by<T>(
         plan, first,
         [&](int n, const auto &from, const auto &beside, const auto &to) {
             Pack<T> x[R * C], y[R * C];

@@ -138,6 +138,7 @@ int copy(const LanePlan &plan, int first) {
         if (dense(s) && dense(d) && whole(plan, first)) return plan.count;
         return blocks(plan, first);
     }
+    first = plane_by_plane<T>(plan, first, [](auto x) { return x; }, d, s);
     int done = first;
     with_side(d.columns, [&]<int N>(Side<N>) {
         if (d.rows == 1) done = packs<T, 1, N>(plan, first);

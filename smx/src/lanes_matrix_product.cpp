@@ -166,10 +166,10 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
             },
             a.o, b.o, d.o);
     }
-    return each_group<T>(plan, first, [&](int n) {
+    const auto body = [](int n, const auto &left, const auto &right, const auto &to) {
         Num x[N * N], y[N * N], z[N * N];
-        a.load(n, x);
-        b.load(n, y);
+        left.load(n, x);
+        right.load(n, y);
         for (int i = 0; i < N; ++i)
 #pragma GCC unroll 6
             for (int j = 0; j < N; ++j) {
@@ -179,9 +179,11 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
                 for (int p = 1; p < N; ++p) sum = sum + x[i * N + p] * y[p * N + j];
                 z[i * N + j] = sum;
             }
-        d.store(n, z);
+        to.store(n, z);
         return true;
-    });
+    };
+    if constexpr (N == 3) return each_group_by<T, Known::planes>(plan, first, body, a, b, d);
+    else return each_group_by<T>(plan, first, body, a, b, d);
 }
 
 } // namespace

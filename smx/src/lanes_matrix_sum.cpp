@@ -83,6 +83,10 @@ int sum(const LanePlan &plan, int first) {
     const LaneOperand &d = plan.result[0];
     if (packed(plan.source[0].operand) && packed(plan.source[1].operand) && packed(d))
         return d.element == sizeof(float) ? flat<Op, float>(plan, first) : flat<Op, double>(plan, first);
+    const auto sum = [](auto x, auto y) { return Op::apply(x, y); };
+    const LaneOperand &a = plan.source[0].operand, &b = plan.source[1].operand;
+    first = d.element == sizeof(float) ? plane_by_plane<float>(plan, first, sum, d, a, b)
+                                       : plane_by_plane<double>(plan, first, sum, d, a, b);
     if (d.rows != d.columns) return first;
     return by_type_and_side(plan, d.element, d.rows, first, [&](auto zero, auto side) {
         return square<Op, decltype(zero), decltype(side)::value>(plan, first);
