@@ -34,8 +34,8 @@ struct MatrixByConstant {
     static SmxStatus in_groups(const A &a, const C &factor, const D &dst, int width, int height, int count,
                                Range one_by_one) {
         const LaneOperand result = dst.lanes(height, width);
-        const LanePlan plan = lane_plan(count, {{a.lanes(height, width), SameObject::identical}}, {result},
-                                        groups_at_once(result));
+        const LanePlan plan =
+            lane_plan(count, {{a.lanes(height, width), SameObject::identical}}, {result}, groups_at_once(result));
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, combination_lanes, plan, factor.value, 0); }, one_by_one);
     }

@@ -659,8 +659,7 @@ struct Objects<Known::strided, T, R, C> {
     static constexpr bool few = false;
     const Byte *base;
     std::ptrdiff_t step;
-    explicit Objects(const LaneAccess<T, R, C> &a)
-        : base(static_cast<const Byte *>(a.o.base)), step(a.o.stride0) {}
+    explicit Objects(const LaneAccess<T, R, C> &a) : base(static_cast<const Byte *>(a.o.base)), step(a.o.stride0) {}
     StridedRows<Pack<T>::width> rows(int n) const { return {at(base, n * step), step}; }
     [[gnu::always_inline]] void load(int n, Pack<T> *out) const { load_run<T, R * C>(rows(n), 0, out); }
     [[gnu::always_inline]] void store(int n, const Pack<T> *in) const { store_run<T, R * C>(rows(n), 0, in); }
@@ -735,7 +734,8 @@ template <Known known, class T, class Body, int... R, int... C>
                                                    const LaneAccess<T, R, C> &...operands) {
     return [&](const auto... objects) __attribute__((always_inline)) {
         return each_group<T>(plan, first, [&](int n) { return body(n, objects...); });
-    }(Objects<known, T, R, C>(operands)...);
+    }
+    (Objects<known, T, R, C>(operands)...);
 }
 // The same where it is one of those named, or none: for bodies that do so little that the way of the loads counts.
 template <class T, Known... layouts, class Body, class... Operands>
@@ -819,13 +819,13 @@ template <class T, bool pairs = false, class Body, class... Operands>
 [[gnu::always_inline]] inline int each_object_of(const LanePlan &plan, int first, Body body,
                                                  const Operands &...operands) {
     const auto loop = [&](const auto... starts) __attribute__((always_inline)) {
-        if (!pairs || safe_in_pairs(plan, first))
-            return each_object(plan, first, [&](int n) { body(starts[n]...); });
-        else
-            return each_group<T>(plan, first, [&](int n) {
-                for (int l = n; l < n + Pack<T>::width; ++l) body(starts[l]...);
-                return true;
-            });
+        if constexpr (pairs)
+            if (!safe_in_pairs(plan, first))
+                return each_group<T>(plan, first, [&](int n) {
+                    for (int l = n; l < n + Pack<T>::width; ++l) body(starts[l]...);
+                    return true;
+                });
+        return each_object(plan, first, [&](int n) { body(starts[n]...); });
     };
     if (((operands.addressing == Addressing::strided) && ...)) return loop(StridedStarts(operands)...);
     return loop(ObjectStarts(operands)...);

@@ -220,8 +220,7 @@ void judge(LanePlan &plan) {
         };
         for (int j = 0; j < plan.sources && !never; ++j) note(pair(plan.source[j]), doubt_source(i, j));
         // Two results of one call must not meet at all.
-        for (int j = 0; j < i && !never; ++j)
-            note(pair({plan.result[j], SameObject::none}), doubt_results(i, j));
+        for (int j = 0; j < i && !never; ++j) note(pair({plan.result[j], SameObject::none}), doubt_results(i, j));
     }
     if (!never) plan.verdict = plan.doubts != 0 ? Verdict::by_group : Verdict::always;
 }

@@ -64,8 +64,8 @@ struct Row {
         friend Nothing operator-(Nothing, Nothing) { return {}; }
         friend Nothing operator*(Nothing, Nothing) { return {}; }
     };
-    using Tail = std::conditional_t<rest == 0, Nothing,
-                                    std::conditional_t<rest == 1, SingleElement<T>, Row<T, rest < 2 ? 2 : rest>>>;
+    using Tail = std::conditional_t < rest == 0, Nothing,
+          std::conditional_t<rest == 1, SingleElement<T>, Row<T, rest<2 ? 2 : rest>>>;
     V v;
     Tail tail;
     static Row all(T x) { return {x - V{}, Tail::all(x)}; }

@@ -38,7 +38,7 @@ template <bool two, class T, int R, int C>
 SMX_LANE_LOOP int objects(const LanePlan &plan, T factor1, T factor2, int first) {
     using Access = LaneAccess<T, R, C>;
     const Access a(plan.source[0].operand), b(plan.source[two ? 1 : 0].operand), d(plan.result[0]);
-    const auto combined = [=](auto x, auto y) {
+    const auto combined = [=](auto x, [[maybe_unused]] auto y) {
         x = factor1 * x;
         if constexpr (two) x = x + factor2 * y;
         return x;
@@ -52,10 +52,11 @@ SMX_LANE_LOOP int objects(const LanePlan &plan, T factor1, T factor2, int first)
             [&](const Byte *x, const Byte *y, const Byte *z) { element_by_element<T, R * C>(combined, z, x, y); }, a.o,
             b.o, d.o);
     first = two ? plane_by_plane<T>(plan, first, combined, d.o, a.o, b.o)
-                : plane_by_plane<T>(plan, first, [&](auto x) { return combined(x, x); }, d.o, a.o);
+                : plane_by_plane<T>(
+                      plan, first, [&](auto x) { return combined(x, x); }, d.o, a.o);
     return each_group_by<T>(
         plan, first,
-        [&](int n, const auto &from, const auto &beside, const auto &to) {
+        [&](int n, const auto &from, [[maybe_unused]] const auto &beside, const auto &to) {
             Pack<T> x[R * C], y[R * C];
             from.load(n, x);
             if constexpr (two) beside.load(n, y);

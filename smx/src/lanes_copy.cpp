@@ -73,10 +73,9 @@ SMX_LANE_LOOP int blocks(const LanePlan &plan, int first) {
         SMX_BLOCK(64) SMX_BLOCK(72) SMX_BLOCK(100) SMX_BLOCK(128) SMX_BLOCK(144) SMX_BLOCK(200) SMX_BLOCK(288)
         // clang-format on
 #undef SMX_BLOCK
-    default:
-        return blocks(plan, first, height, [bytes](Byte *to, const Byte *from) {
-            std::memmove(to, from, static_cast<std::size_t>(bytes));
-        });
+                default : return blocks(plan, first, height, [bytes](Byte *to, const Byte *from) {
+                    std::memmove(to, from, static_cast<std::size_t>(bytes));
+                });
     }
 }
 
@@ -118,7 +117,7 @@ SMX_LANE_LOOP int transposed_squares(const LanePlan &plan, int first) {
             struct Transposition {
                 static constexpr int at(int e) { return e < N * N ? e % N * N + e / N : 0; }
             };
-            const auto transpose = [](const Byte *source, const Byte *result) {
+            const auto transpose = [=](const Byte *source, const Byte *result) {
                 Pack<T> in[registers], out[registers];
                 for (int k = 0; k < last; ++k) in[k] = load_pack<T>(source + k * pack_bytes);
                 in[last] = load_end<T, N * N - last * W>(source + last * pack_bytes);
@@ -138,7 +137,8 @@ int copy(const LanePlan &plan, int first) {
         if (dense(s) && dense(d) && whole(plan, first)) return plan.count;
         return blocks(plan, first);
     }
-    first = plane_by_plane<T>(plan, first, [](auto x) { return x; }, d, s);
+    first = plane_by_plane<T>(
+        plan, first, [](auto x) { return x; }, d, s);
     int done = first;
     with_side(d.columns, [&]<int N>(Side<N>) {
         if (d.rows == 1) done = packs<T, 1, N>(plan, first);

@@ -13,7 +13,7 @@ template <int N, class T, class Body, class... Operands>
 [[gnu::always_inline]] inline int in_groups(const LanePlan &plan, int first, Body body, const Operands &...operands) {
     using enum Known;
     if constexpr (N <= 4) return each_group_by<T, packed, strided, listed, planes>(plan, first, body, operands...);
-    else return each_group_by<T, packed>(plan, first, body, operands...);
+    else return each_group_by<T, packed, planes>(plan, first, body, operands...);
 }
 
 template <class T, int N>

@@ -96,18 +96,19 @@ template <class T, int N>
 SMX_LANE_LOOP int decompose(const LanePlan &plan, int *pivots, int first) {
     using Num = Pack<T>;
     const LaneAccess<T, N, N> src(plan.source[0].operand), dst(plan.result[0]);
-    return each_group<T>(plan, first, [&](int n) {
+    const auto body = [pivots](int n, const auto &from, const auto &to) {
         LUFactors<Num, N> factors;
         Failure<Num> failure;
-        src.load(n, &factors.row[0][0]);
+        from.load(n, &factors.row[0][0]);
         factors.decompose(failure);
         if (failure.any()) return false;
         Num out[N][N];
         to_physical_order(factors.physical, factors.row, out);
-        dst.store(n, &out[0][0]);
+        to.store(n, &out[0][0]);
         store_pivots<T, N>(pivots + static_cast<std::ptrdiff_t>(n) * N, factors.physical);
         return true;
-    });
+    };
+    return each_group_by<T, Known::packed, Known::planes>(plan, first, body, src, dst);
 }
 
 // One matrix for all vectors: everything that depends on it alone is made once.
@@ -137,18 +138,19 @@ SMX_LANE_LOOP int solve(const LanePlan &plan, const int *pivots, const void *rec
     if (reciprocals != nullptr) return solve_one_matrix<T, N>(plan, pivots, static_cast<const T *>(reciprocals), first);
     const LaneAccess<T, N, N> matrix(plan.source[0].operand);
     const LaneAccess<T, 1, N> rhs(plan.source[1].operand), dst(plan.result[0]);
-    return each_group<T>(plan, first, [&](int n) {
+    const auto body = [pivots](int n, const auto &factors, const auto &from, const auto &to) {
         Num physical[N], stored[N][N], f[N][N], right[N][1], b[N][1], x[N];
         // An index that leaves its object reads what lies there: the sequential kernel does that.
         if (!load_pivots<T, N>(pivots + static_cast<std::ptrdiff_t>(n) * N, physical)) return false;
-        matrix.load(n, &stored[0][0]);
-        rhs.load(n, &right[0][0]);
+        factors.load(n, &stored[0][0]);
+        from.load(n, &right[0][0]);
         to_logical_order(physical, stored, f);
         to_logical_order(physical, right, b);
         lu_solve(f, reinterpret_cast<const Num(&)[N]>(b), x, [&](Num value, int i) { return value / f[i][i]; });
-        dst.store(n, x);
+        to.store(n, x);
         return true;
-    });
+    };
+    return each_group_by<T, Known::packed, Known::planes>(plan, first, body, matrix, rhs, dst);
 }
 
 } // namespace

@@ -135,8 +135,8 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
                 if (single_second != nullptr) {
                     const Together<T, N> once(single_second);
                     return each_object_of<T>(
-                        plan, first,
-                        [&](const Byte *x, const Byte *z) { once.template product<from_zero>(x, z); }, a.o, d.o);
+                        plan, first, [&](const Byte *x, const Byte *z) { once.template product<from_zero>(x, z); }, a.o,
+                        d.o);
                 }
                 return each_object_of<T>(
                     plan, first,
@@ -182,8 +182,7 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
         to.store(n, z);
         return true;
     };
-    if constexpr (N == 3) return each_group_by<T, Known::planes>(plan, first, body, a, b, d);
-    else return each_group_by<T>(plan, first, body, a, b, d);
+    return each_group_by<T, Known::planes>(plan, first, body, a, b, d);
 }
 
 } // namespace

@@ -63,8 +63,7 @@ SMX_LANE_LOOP int square(const LanePlan &plan, int first) {
             plan, first,
             [&](const Byte *x, const Byte *y, const Byte *z) {
 #pragma GCC unroll 6
-                for (int i = 0; i < N; ++i)
-                    element_by_element<T, N>(sum, z + i * d_row, x + i * a_row, y + i * b_row);
+                for (int i = 0; i < N; ++i) element_by_element<T, N>(sum, z + i * d_row, x + i * a_row, y + i * b_row);
             },
             a.o, b.o, d.o);
     }

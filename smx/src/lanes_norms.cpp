@@ -85,13 +85,14 @@ int norm_lanes(const LanePlan &plan, bool pairs, bool cuts_off, int first) {
     });
 }
 int trace_lanes(const LanePlan &plan, bool tail_first, int first) {
-    return by_type_and_side(plan, plan.result[0].element, plan.source[0].operand.columns, first,
-                            [&](auto zero, auto side) {
-                                using T = decltype(zero);
-                                constexpr int N = decltype(side)::value;
-                                return tail_first ? trace<SumOrder::trace_tail_first, T, N>(plan, first)
-                                                  : trace<SumOrder::ascending, T, N>(plan, first);
-                            });
+    return by_type_and_side(
+        plan, plan.result[0].element, plan.source[0].operand.columns, first, [&](auto zero, auto side) {
+            using T = decltype(zero);
+            constexpr int N = decltype(side)::value;
+            constexpr bool has_tail = N > 4;
+            return has_tail && tail_first ? trace < has_tail ? SumOrder::trace_tail_first : SumOrder::ascending, T,
+                   N > (plan, first)      : trace<SumOrder::ascending, T, N>(plan, first);
+        });
 }
 
 } // namespace SMX_ISA

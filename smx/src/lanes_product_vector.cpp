@@ -20,7 +20,7 @@ int product_by_columns(const LanePlan &plan, int first) {
     constexpr int W = Pack<T>::width, registers = (N * N + W - 1) / W, last = registers - 1;
     const LaneOperand &matrix = plan.source[0].operand, &vector = plan.source[1].operand;
     const std::ptrdiff_t step = vector.stride2;
-    const auto one = [step](const Byte *from, const Byte *b, const Byte *c, const Byte *d) {
+    const auto one = [=](const Byte *from, const Byte *b, const Byte *c, const Byte *d) {
         Pack<T> a[registers];
         for (int k = 0; k < last; ++k) a[k] = load_pack<T>(from + k * pack_bytes);
         a[last] = load_end<T, N * N - last * W>(from + last * pack_bytes);
@@ -38,8 +38,8 @@ int product_by_columns(const LanePlan &plan, int first) {
         if constexpr (adds) sum = sum + load_end<T, N>(c);
         store_end<T, N>(d, sum);
     };
-    return each_object_of<T, from_zero>(plan, first, one, matrix, vector,
-                                        plan.source[adds ? 2 : 1].operand, plan.result[0]);
+    return each_object_of<T, from_zero>(plan, first, one, matrix, vector, plan.source[adds ? 2 : 1].operand,
+                                        plan.result[0]);
 }
 
 // One matrix for all vectors: its columns are read once.
@@ -76,7 +76,8 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
     using Matrices = LaneAccess<T, N, N>;
     const Matrices matrix(plan.source[0].operand);
     const Vectors vector(plan.source[1].operand), added(plan.source[adds ? 2 : 1].operand), dst(plan.result[0]);
-    const auto compute = [](int n, const Num *a, const auto &from, const auto &beside, const auto &to) {
+    const auto compute = [](int n, const Num *a, const auto &from, [[maybe_unused]] const auto &beside,
+                            const auto &to) {
         Num b[N], c[N], d[N];
         from.load(n, b);
         if constexpr (adds) beside.load(n, c);
@@ -101,7 +102,7 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
         matrix.load(0, a);
         return each_group_by<T, Known::packed, Known::planes>(
             plan, first,
-            [&](int n, const auto &from, const auto &beside, const auto &to) {
+            [&](int n, const auto &from, [[maybe_unused]] const auto &beside, const auto &to) {
                 return compute(n, a, from, beside, to);
             },
             vector, added, dst);
@@ -112,7 +113,7 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
     }
     return each_group_by<T, Known::planes>(
         plan, first,
-        [&](int n, const auto &matrices, const auto &from, const auto &beside, const auto &to) {
+        [&](int n, const auto &matrices, const auto &from, [[maybe_unused]] const auto &beside, const auto &to) {
             Num a[N * N];
             matrices.load(n, a);
             return compute(n, a, from, beside, to);

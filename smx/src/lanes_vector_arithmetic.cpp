@@ -51,7 +51,7 @@ SMX_LANE_LOOP int packed_groups(const LanePlan &plan, const LaneOperand &b, int 
     constexpr int W = Pack<T>::width;
     const LaneOperand &a = plan.source[0].operand, &d = plan.result[0];
     // A single vector or constant, repeated over N packs.
-    const auto repeated = [](const LaneOperand &o, Pack<T>(&out)[N]) {
+    const auto repeated = [=](const LaneOperand &o, Pack<T>(&out)[N]) {
         T values[N * W];
         const Byte *const from = static_cast<const Byte *>(o.base);
         for (int e = 0; e < N * W; ++e) values[e] = load_element<T>(o.columns == 1 ? from : from + e % N * o.stride2);
@@ -106,7 +106,7 @@ SMX_LANE_LOOP int groups(const LanePlan &plan, const LaneOperand &b, int first) 
     // One element at a time is better done in the sequential kernel.
     const auto slow = [](const Access &x) { return !x.o.single && x.way == Access::Way::elements; };
     if (slow(d) || slow(a) || (second == Second::vectors && slow(vectors))) return first;
-    const auto body = [&](int n, const auto &from, const auto &to, const auto &...beside) {
+    const auto body = [&](int n, const auto &from, const auto &to, [[maybe_unused]] const auto &...beside) {
         Pack<T> x[N], y[N];
         from.load(n, x);
         if constexpr (second == Second::vectors) {

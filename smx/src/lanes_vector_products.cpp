@@ -32,10 +32,11 @@ SMX_LANE_LOOP int dot(const LanePlan &plan, int first) {
         plan, first,
         [](int n, const auto &from, const auto &beside, const auto &to) {
             Pack<T> x[N], y[N], sum;
-            if constexpr (from.few) {
+            if constexpr (std::remove_cvref_t<decltype(from)>::few) {
                 // Multiplied as they lie, so that only the products are taken apart.
                 for (int k = 0; k < N; ++k)
-                    x[k] = load_pack<T>(from.group(n) + k * pack_bytes) * load_pack<T>(beside.group(n) + k * pack_bytes);
+                    x[k] =
+                        load_pack<T>(from.group(n) + k * pack_bytes) * load_pack<T>(beside.group(n) + k * pack_bytes);
                 take_apart<T, N>(x, y);
                 sum = sum_of<order>(y);
             } else {
@@ -65,9 +66,7 @@ SMX_LANE_LOOP int cross(const LanePlan &plan, int first) {
                 plan, first,
                 [](const Byte *from, const Byte *beside, const Byte *to) {
                     using Vector = Row<T, 3>;
-                    const auto next = [](Vector x) {
-                        return Vector{__builtin_shufflevector(x.v, x.v, 1, 2, 0, 3)};
-                    };
+                    const auto next = [](Vector x) { return Vector{__builtin_shufflevector(x.v, x.v, 1, 2, 0, 3)}; };
                     const Vector x = Vector::load(from), y = Vector::load(beside);
                     next(x * next(y) - next(x) * y).store(to);
                 },
@@ -78,7 +77,7 @@ SMX_LANE_LOOP int cross(const LanePlan &plan, int first) {
         plan, first,
         [](int n, const auto &from, const auto &beside, const auto &to) {
             Pack<T> x[3], y[3], z[3];
-            if constexpr (from.few) {
+            if constexpr (std::remove_cvref_t<decltype(from)>::few) {
                 // As they lie: a(i) b(i + 1) - a(i + 1) b(i) is element i + 2.
                 constexpr auto registers = std::make_integer_sequence<int, 3>{};
                 Pack<T> next_x[3], next_y[3];
@@ -107,13 +106,14 @@ SMX_LANE_LOOP int cross(const LanePlan &plan, int first) {
 } // namespace
 
 int dot_product_lanes(const LanePlan &plan, bool tail_second, int first) {
-    return by_type_and_side(plan, plan.result[0].element, plan.source[0].operand.columns, first,
-                            [&](auto zero, auto side) {
-                                using T = decltype(zero);
-                                constexpr int N = decltype(side)::value;
-                                return tail_second ? dot<SumOrder::dot_tail_second, T, N>(plan, first)
-                                                   : dot<SumOrder::ascending, T, N>(plan, first);
-                            });
+    return by_type_and_side(
+        plan, plan.result[0].element, plan.source[0].operand.columns, first, [&](auto zero, auto side) {
+            using T = decltype(zero);
+            constexpr int N = decltype(side)::value;
+            constexpr bool has_tail = N > 4;
+            return has_tail && tail_second ? dot < has_tail ? SumOrder::dot_tail_second : SumOrder::ascending, T,
+                   N > (plan, first)       : dot<SumOrder::ascending, T, N>(plan, first);
+        });
 }
 int cross_product_lanes(const LanePlan &plan, int first) {
     return plan.result[0].element == sizeof(float) ? cross<float>(plan, first) : cross<double>(plan, first);
