@@ -67,6 +67,23 @@ void plain(const Member &member) {
             }
 }
 
+// Each operand in a layout of its own, and enough objects for the longest runs through planes.
+void mixtures(const Member &member) {
+    for (const int side : {2, 3, 4, 5, 6})
+        for (int mixed = 1; mixed <= 7; ++mixed) {
+            Shape shape = shaped(side, mixed == 4 ? 300 : 41, variations[0]);
+            shape.mixed = mixed;
+            Call call(member, shape);
+            report(member, shape, ("mixture " + std::to_string(mixed)).c_str(), call);
+        }
+    for (const int side : {3, 6})
+        for (const int count : {127, 128, 270}) {
+            Shape shape = shaped(side, count, variations[count % 2 == 0 ? 4 : 5]);
+            Call call(member, shape);
+            report(member, shape, "long planes", call);
+        }
+}
+
 void values(const Member &member) {
     using Values = Shape::Values;
     for (const int side : {3, 4, 5, 6})
@@ -151,6 +168,7 @@ int main(int argc, char **argv) {
             continue;
         }
         plain(member);
+        mixtures(member);
         if (only_plain) continue;
         values(member);
         overlaps(member);

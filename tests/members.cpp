@@ -222,14 +222,24 @@ void Call::place(const Operand &o) {
     const int size = o.integers ? 4 : member_.element;
     Block b{};
     const bool dense = o.structure == Structure::packed || o.structure == Structure::buffer;
-    if (shape_.lanes && !dense && member_.layout != Layout::list) {
+    Shape gaps = shape_;
+    if (dense) {
+        gaps = Shape{};
+    } else if (shape_.mixed != 0) {
+        const std::size_t which = blocks_.size() * static_cast<std::size_t>(shape_.mixed) / 2;
+        gaps.step = which % 5 == 3 ? 2 : 1;
+        gaps.row_gap = which % 5 == 1 ? 1 : 0;
+        gaps.object_gap = which % 5 == 0 ? 0 : static_cast<int>(which % 5);
+        gaps.lanes = which % 5 == 4;
+    }
+    if (gaps.lanes && member_.layout != Layout::list) {
         b.stride0 = size;
-        b.stride2 = static_cast<std::ptrdiff_t>(size) * (shape_.count + shape_.object_gap);
+        b.stride2 = static_cast<std::ptrdiff_t>(size) * (shape_.count + gaps.object_gap);
         b.stride1 = b.stride2 * e.columns;
     } else {
-        b.stride2 = size * (dense ? 1 : shape_.step);
-        b.stride1 = b.stride2 * e.columns + (dense ? 0 : shape_.row_gap * size);
-        b.stride0 = b.stride1 * e.rows + (dense ? 0 : shape_.object_gap * size);
+        b.stride2 = size * gaps.step;
+        b.stride1 = b.stride2 * e.columns + gaps.row_gap * size;
+        b.stride0 = b.stride1 * e.rows + gaps.object_gap * size;
     }
     b.bytes = static_cast<std::size_t>((e.objects - 1) * b.stride0 + (e.rows - 1) * b.stride1 +
                                        (e.columns - 1) * b.stride2 + size);

@@ -68,6 +68,7 @@ struct Shape {
     int object_gap = 0;    // elements between objects
     bool lanes = false;    // objects follow each other element by element (a structure of arrays)
     bool shuffled = false; // lists and pointer tables in no order
+    int mixed = 0;         // not 0: each operand has its own gaps, dealt out anew for each number
     int shift = 0;         // ROI shift, in elements
     unsigned seed = 1;
     enum class Values { definite, random, integers, special, singular_middle } values = Values::definite;

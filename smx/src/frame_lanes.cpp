@@ -109,20 +109,24 @@ const Address *addresses(const LaneOperand &list) {
     return reinterpret_cast<const Address *>(list.table);
 }
 
-// The bytes of all objects of a call lie in [low, high).
+// The bytes of all objects of a call lie in [low, high); a list may hold them in ascending order, each behind the last.
 struct Span {
     Address low, high;
+    bool ascends;
 };
 Span span(const LaneOperand &o, int count) {
-    Address low = object_address(o, 0), high = low;
+    const ptrdiff_t extent = strided_extent(o);
+    Address low = object_address(o, 0), high = o.single ? low : object_address(o, count - 1);
+    bool ascends = false;
     if (o.addressing == Addressing::list) {
-        SMX_ON_LANES(list_bounds, addresses(o), count, low, high);
-        low += o.shift;
-        high += o.shift;
-    } else if (!o.single) {
-        high = object_address(o, count - 1);
+        ascends = SMX_ON_LANES(list_ascends, addresses(o), count, extent);
+        if (!ascends) {
+            SMX_ON_LANES(list_bounds, addresses(o), count, low, high);
+            low += o.shift;
+            high += o.shift;
+        }
     }
-    return {low, high + strided_extent(o)};
+    return {low, high + extent, ascends};
 }
 
 // Source and result objects of a whole call, at least one of them a list. Settles the usual cases: all sources away
@@ -146,10 +150,7 @@ bool list_pair_is_safe(const LaneOperand &s, const LaneOperand &d, const Span &a
     return source_first >= 0 || result_first >= 0 || (apart_from_same == 0 && in_place_fine);
 }
 
-// Do different objects of a result stay out of each other's way within a group?
-Verdict listed_alone(const LaneOperand &d, int count) {
-    return SMX_ON_LANES(list_ascends, addresses(d), count, strided_extent(d)) ? Verdict::always : Verdict::by_group;
-}
+// Do different objects of a structure of arrays stay out of each other's way within a group?
 Verdict interleaved_alone(const LaneOperand &d, int width) {
     return d.stride0 == d.element && lane_rows_apart(d, d, width, false) ? Verdict::always : Verdict::never;
 }
@@ -203,11 +204,11 @@ void judge(LanePlan &plan) {
         const LaneOperand &d = plan.result[i];
         const bool listed = d.addressing == Addressing::list;
         const Footprint fd = listed ? Footprint{} : footprint(d);
-        if (listed) note(listed_alone(d, count), doubt_alone(i));
-        else if (fd.stride0 < fd.extent) note(interleaved_alone(d, widest_group(plan)), doubt_alone(i));
         Span all_d{};
-        if (!listed) all_d = {fd.low, fd.low + fd.extent + (count - 1) * fd.stride0};
+        if (!listed) all_d = {fd.low, fd.low + fd.extent + (count - 1) * fd.stride0, false};
         else all_d = span(d, count);
+        if (listed) note(all_d.ascends ? Verdict::always : Verdict::by_group, doubt_alone(i));
+        else if (fd.stride0 < fd.extent) note(interleaved_alone(d, widest_group(plan)), doubt_alone(i));
         const auto pair = [&](const LaneSource &source) __attribute__((always_inline)) {
             const LaneOperand &s = source.operand;
             if (listed || s.addressing == Addressing::list)
