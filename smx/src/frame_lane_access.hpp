@@ -719,7 +719,7 @@ template <class T, int at_once = 1, class Body>
 [[gnu::always_inline]] inline int each_group(const LanePlan &plan, int first, Body body) {
     constexpr int W = at_once * Pack<T>::width;
     const int count = plan.count;
-    const bool by_group = plan.verdict == Verdict::by_group;
+    const bool by_group = is_in_doubt(plan);
     int n = first;
     for (; n + W <= count; n += W) {
         if (by_group && !group_is_safe(plan, n, W)) break;
@@ -791,7 +791,13 @@ struct StridedStarts {
         : base(static_cast<const Byte *>(o.base)), stride(o.single ? 0 : o.stride0) {}
     const Byte *operator[](int n) const { return at(base, n * stride); }
 };
-// Of a list, too. There is nothing to decide: a strided operand is a table of one entry.
+struct ListedStarts {
+    const void *const *table;
+    std::ptrdiff_t shift;
+    explicit ListedStarts(const LaneOperand &o) : table(o.table), shift(o.shift) {}
+    const Byte *operator[](int n) const { return at(table[n], shift); }
+};
+// Of either kind. There is nothing to decide: a strided operand is a table of one entry.
 struct ObjectStarts {
     const void *const *table;
     std::ptrdiff_t step, shift, stride;
@@ -805,29 +811,43 @@ struct ObjectStarts {
     const Byte *operator[](int n) const { return at(table[n * step], n * stride + shift); }
 };
 
+enum class Loop {
+    usual,
+    pairs, // the sequential kernel takes two objects at a time, so its order may show between neighbours, too
+    light  // so little is done for an object of a source and of a result that the way to it counts
+};
+
 // Objects first .. count - 1 one after the other, each read whole before it is stored: only what overlaps within the
-// same object matters.
-template <class Body>
-[[gnu::always_inline]] inline int each_object(const LanePlan &plan, int first, Body body) {
-    const int last = safe_alone_until(plan, first);
-    for (int n = first; n < last; ++n) body(n);
-    return last;
-}
-// The same with where each operand's object starts: body(start...). Where the kernel takes objects in `pairs`, its
-// order may show between them, too.
-template <class T, bool pairs = false, class Body, class... Operands>
+// same object matters. body(start...) is given where each operand's object starts.
+template <class T, Loop kind = Loop::usual, class Body, class... Operands>
 [[gnu::always_inline]] inline int each_object_of(const LanePlan &plan, int first, Body body,
                                                  const Operands &...operands) {
     const auto loop = [&](const auto... starts) __attribute__((always_inline)) {
-        if constexpr (pairs)
+        if constexpr (kind == Loop::pairs)
             if (!safe_in_pairs(plan, first))
                 return each_group<T>(plan, first, [&](int n) {
                     for (int l = n; l < n + Pack<T>::width; ++l) body(starts[l]...);
                     return true;
                 });
-        return each_object(plan, first, [&](int n) { body(starts[n]...); });
+        const int last = safe_alone_until(plan, first);
+        if constexpr (kind == Loop::light) {
+#pragma GCC unroll 4
+            for (int n = first; n < last; ++n) body(starts[n]...);
+        } else {
+            for (int n = first; n < last; ++n) body(starts[n]...);
+        }
+        return last;
     };
-    if (((operands.addressing == Addressing::strided) && ...)) return loop(StridedStarts(operands)...);
+    const auto listed = [](const LaneOperand &o) { return o.addressing == Addressing::list; };
+    if ((!listed(operands) && ...)) return loop(StridedStarts(operands)...);
+    if constexpr (kind == Loop::light) {
+        const auto two = [&](const LaneOperand &a, const LaneOperand &b) __attribute__((always_inline)) {
+            if (!listed(a)) return loop(StridedStarts(a), ListedStarts(b));
+            return listed(b) ? loop(ListedStarts(a), ListedStarts(b)) : loop(ListedStarts(a), StridedStarts(b));
+        };
+        return two(operands...);
+    }
+    if ((listed(operands) && ...)) return loop(ListedStarts(operands)...);
     return loop(ObjectStarts(operands)...);
 }
 

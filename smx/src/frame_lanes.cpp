@@ -193,6 +193,7 @@ int widest_group(const LanePlan &plan) {
 void judge(LanePlan &plan) {
     plan.verdict = Verdict::never;
     plan.doubts = 0;
+    plan.lists_are_seen = false;
     const int count = plan.count;
     if (count < 2 || instruction_set() == InstructionSet::sequential) return;
     bool never = false;
@@ -204,18 +205,13 @@ void judge(LanePlan &plan) {
         const LaneOperand &d = plan.result[i];
         const bool listed = d.addressing == Addressing::list;
         const Footprint fd = listed ? Footprint{} : footprint(d);
-        Span all_d{};
-        if (!listed) all_d = {fd.low, fd.low + fd.extent + (count - 1) * fd.stride0, false};
-        else all_d = span(d, count);
-        if (listed) note(all_d.ascends ? Verdict::always : Verdict::by_group, doubt_alone(i));
+        if (listed) note(Verdict::by_group, doubt_alone(i));
         else if (fd.stride0 < fd.extent) note(interleaved_alone(d, widest_group(plan)), doubt_alone(i));
         const auto pair = [&](const LaneSource &source) __attribute__((always_inline)) {
             const LaneOperand &s = source.operand;
-            if (listed || s.addressing == Addressing::list)
-                return list_pair_is_safe(s, d, all_d, fine_in_place(source, d), count) ? Verdict::always
-                                                                                       : Verdict::by_group;
+            if (listed || s.addressing == Addressing::list) return Verdict::by_group;
             const Footprint fs = footprint(s);
-            if (apart(fs.low, fs.extent + (count - 1) * fs.stride0, all_d.low, all_d.high - all_d.low))
+            if (apart(fs.low, fs.extent + (count - 1) * fs.stride0, fd.low, fd.extent + (count - 1) * fd.stride0))
                 return Verdict::always;
             return overlapping_pair(source, fs, d, fd, widest_group(plan));
         };
@@ -224,6 +220,36 @@ void judge(LanePlan &plan) {
         for (int j = 0; j < i && !never; ++j) note(pair({plan.result[j], SameObject::none}), doubt_results(i, j));
     }
     if (!never) plan.verdict = plan.doubts != 0 ? Verdict::by_group : Verdict::always;
+}
+
+namespace {
+
+// For each pair of operands in doubt, one of them a result: is the doubt gone?
+template <class Settled>
+void settle_pairs(const LanePlan &plan, int i, Settled settled) {
+    const auto settle = [&](const LaneSource &source, unsigned doubt) {
+        if ((plan.doubts & doubt) && settled(source)) plan.doubts &= ~doubt;
+    };
+    for (int j = 0; j < plan.sources; ++j) settle(plan.source[j], doubt_source(i, j));
+    for (int j = 0; j < i; ++j) settle({plan.result[j], SameObject::none}, doubt_results(i, j));
+}
+
+} // namespace
+
+bool lists_are_in_doubt(const LanePlan &plan) {
+    if (!plan.lists_are_seen) {
+        plan.lists_are_seen = true;
+        for (int i = 0; i < plan.results; ++i) {
+            const LaneOperand &d = plan.result[i];
+            const Span all_d = span(d, plan.count);
+            if (all_d.ascends) plan.doubts &= ~doubt_alone(i);
+            settle_pairs(plan, i, [&](const LaneSource &source) {
+                return list_pair_is_safe(source.operand, d, all_d, fine_in_place(source, d), plan.count);
+            });
+        }
+        if (plan.doubts == 0) plan.verdict = Verdict::always;
+    }
+    return plan.doubts != 0;
 }
 
 namespace {
@@ -270,17 +296,48 @@ bool group_is_safe(const LanePlan &plan, int first, int width) {
     return true;
 }
 
-int safe_alone_until(const LanePlan &plan, int first) {
+namespace {
+
+// The doubts but for those whether the results meet themselves.
+unsigned doubts_about_pairs(const LanePlan &plan) {
     unsigned alone = 0;
     for (int i = 0; i < plan.results; ++i) alone |= doubt_alone(i);
-    if ((plan.doubts & ~alone) == 0) return plan.count;
+    return plan.doubts & ~alone;
+}
+
+// Lists of which no object meets the same one of another: nothing else matters to objects one by one.
+void settle_same_objects(const LanePlan &plan) {
+    for (int i = 0; i < plan.results; ++i) {
+        const LaneOperand &d = plan.result[i];
+        settle_pairs(plan, i, [&](const LaneSource &source) {
+            const LaneOperand &s = source.operand;
+            if (s.addressing != Addressing::list || d.addressing != Addressing::list)
+                return list_pair_is_safe(s, d, span(d, plan.count), false, plan.count);
+            return (same_addresses(s, d) && fine_in_place(source, d)) ||
+                   SMX_ON_LANES(lists_apart, addresses(s), addresses(d), plan.count,
+                                strided_extent(s) + s.shift - d.shift, strided_extent(d) + d.shift - s.shift);
+        });
+    }
+}
+
+} // namespace
+
+int safe_alone_until(const LanePlan &plan, int first) {
+    if (first >= plan.count || doubts_about_pairs(plan) == 0) return plan.count;
+    if (!plan.lists_are_seen) {
+        const unsigned doubts = plan.doubts;
+        settle_same_objects(plan);
+        const bool settled = doubts_about_pairs(plan) == 0;
+        plan.doubts = doubts; // of groups
+        if (settled || !lists_are_in_doubt(plan)) return plan.count;
+    }
     int n = first;
     while (n < plan.count && group_is_safe(plan, n, 1)) ++n;
     return n;
 }
 
 bool safe_in_pairs(const LanePlan &plan, int first) {
-    if (plan.doubts == 0) return true;
+    if (!is_in_doubt(plan)) return true;
     return plan.doubts == doubt_alone(0) && SMX_ON_LANES(list_neighbours_apart, addresses(plan.result[0]) + first,
                                                          plan.count - first, strided_extent(plan.result[0]));
 }

@@ -47,12 +47,19 @@ struct LanePlan {
     int results;
     int count;
     int groups; // of the widest lanes, that may be loaded before any of them is stored
-    Verdict verdict;
-    unsigned doubts;
+    // Lists are looked through by the first loop that needs to know more about them than it can see on its way.
+    mutable Verdict verdict;
+    mutable unsigned doubts;
+    mutable bool lists_are_seen;
 };
 
 // Fills in the verdict for so many groups of the chosen instruction set's widest lanes at once.
 void judge(LanePlan &plan);
+// Looks through a plan's lists unless that has been done; does any doubt remain?
+bool lists_are_in_doubt(const LanePlan &plan);
+inline bool is_in_doubt(const LanePlan &plan) {
+    return plan.verdict == Verdict::by_group && lists_are_in_doubt(plan);
+}
 // May the objects first .. first + width - 1 be loaded before any of them is stored?
 bool group_is_safe(const LanePlan &plan, int first, int width);
 // The first object from `first` on that may not be loaded whole before it is stored.

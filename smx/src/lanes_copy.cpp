@@ -38,45 +38,42 @@ bool whole(const LanePlan &plan, int first) {
 template <int bytes>
 struct Block {
     [[gnu::always_inline]] void operator()(Byte *to, const Byte *from) const {
-        if constexpr (masked_ends && bytes < 32 && bytes != 16) return Row<float, bytes / 4>::load(from).store(to);
-        if constexpr (masked_ends && bytes == 40) return Row<double, bytes / 8>::load(from).store(to);
-        Byte block[bytes];
-        std::memcpy(block, from, bytes);
-        std::memcpy(to, block, bytes);
+        if constexpr (masked_ends && bytes < 32 && bytes != 16) Row<float, bytes / 4>::load(from).store(to);
+        else element_by_element<float, bytes / 4>([](auto x) { return x; }, to, from);
     }
 };
 
 // Objects as blocks of `bytes`, or `height` rows of them a stride apart; a block may be copied onto itself.
 template <class CopyBlock>
+[[gnu::always_inline]] inline int blocks(const LanePlan &plan, int first, CopyBlock copy_block) {
+    return each_object_of<float, Loop::light>(
+        plan, first, [&](const Byte *from, const Byte *to) { copy_block(writable(to), from); }, plan.source[0].operand,
+        plan.result[0]);
+}
+template <class CopyBlock>
 [[gnu::always_inline]] inline int blocks(const LanePlan &plan, int first, int height, CopyBlock copy_block) {
-    const LaneOperand &s = plan.source[0].operand, &d = plan.result[0];
-    if (height == 1)
-        return each_object_of<float>(
-            plan, first, [&](const Byte *from, const Byte *to) { copy_block(writable(to), from); }, s, d);
-    const std::ptrdiff_t from_row = s.stride1, to_row = d.stride1;
-    return each_object_of<float>(
-        plan, first,
-        [&](const Byte *from, const Byte *to) {
-            for (int i = 0; i < height; ++i) copy_block(writable(at(to, i * to_row)), at(from, i * from_row));
-        },
-        s, d);
+    if (height == 1) return blocks(plan, first, copy_block);
+    const std::ptrdiff_t from_row = plan.source[0].operand.stride1, to_row = plan.result[0].stride1;
+    return blocks(plan, first, [&](Byte *to, const Byte *from) {
+        for (int i = 0; i < height; ++i) copy_block(writable(at(to, i * to_row)), at(from, i * from_row));
+    });
+}
+// Calls f(Block<size>{}) for the size that is `bytes`, if it is one of those named.
+template <int... sizes, class F>
+[[gnu::always_inline]] inline bool with_block(int bytes, F f) {
+    return ((bytes == sizes && (f(Block<sizes>{}), true)) || ...);
 }
 SMX_LANE_LOOP int blocks(const LanePlan &plan, int first) {
     const LaneOperand &s = plan.source[0].operand, &d = plan.result[0];
     const int height = dense(s) && dense(d) ? 1 : d.rows;
     const int bytes = d.columns * d.element * (height == 1 ? d.rows : 1);
-    switch (bytes) {
-#define SMX_BLOCK(size) \
-    case size: return blocks(plan, first, height, Block<size>{});
-        // clang-format off
-        SMX_BLOCK(12) SMX_BLOCK(16) SMX_BLOCK(20) SMX_BLOCK(24) SMX_BLOCK(32) SMX_BLOCK(36) SMX_BLOCK(40) SMX_BLOCK(48)
-        SMX_BLOCK(64) SMX_BLOCK(72) SMX_BLOCK(100) SMX_BLOCK(128) SMX_BLOCK(144) SMX_BLOCK(200) SMX_BLOCK(288)
-        // clang-format on
-#undef SMX_BLOCK
-                default : return blocks(plan, first, height, [bytes](Byte *to, const Byte *from) {
-                    std::memmove(to, from, static_cast<std::size_t>(bytes));
-                });
-    }
+    int done = first;
+    const auto rows = [&](auto block) { done = blocks(plan, first, height, block); };
+    const auto objects = [&](auto block) { done = blocks(plan, first, block); };
+    const bool known = with_block<12, 16, 20, 24, 32, 40, 48>(bytes, rows) ||
+                       (height == 1 && with_block<36, 64, 72, 100, 128, 144, 200, 288>(bytes, objects));
+    if (!known) rows([bytes](Byte *to, const Byte *from) { std::memmove(to, from, static_cast<std::size_t>(bytes)); });
+    return done;
 }
 
 // Through registers: between a structure of arrays and rows, and transposed.

@@ -1,5 +1,8 @@
 #include "lanes_lists.hpp"
 
+#include "frame_pack.hpp"
+
+#include <cstring>
 #include <utility>
 
 #if defined(__AVX512F__)
@@ -10,18 +13,62 @@ namespace smx {
 inline namespace SMX_ISA {
 
 void list_bounds(const std::intptr_t *list, int count, std::intptr_t &low, std::intptr_t &high) {
-    std::intptr_t least = list[0], most = list[0];
-    for (int n = 1; n < count; ++n) {
-        least = list[n] < least ? list[n] : least;
-        most = list[n] > most ? list[n] : most;
+    typedef std::intptr_t Addresses __attribute__((vector_size(pack_bytes)));
+    constexpr int W = pack_bytes / static_cast<int>(sizeof(std::intptr_t));
+    low = high = list[0];
+    const auto take = [](std::intptr_t &least, std::intptr_t &most, std::intptr_t x) {
+        least = x < least ? x : least;
+        most = x > most ? x : most;
+    };
+    if (count < W) {
+        for (int n = 1; n < count; ++n) take(low, high, list[n]);
+        return;
     }
-    low = least;
-    high = most;
+    // Several at once, because each minimum waits for the one before it; the last goes back over what has been seen.
+    constexpr int several = 4;
+    Addresses least[several], most[several];
+    for (int k = 0; k < several; ++k) least[k] = most[k] = low - Addresses{};
+    const auto take_from = [&](int n, int k) {
+        Addresses x;
+        std::memcpy(&x, list + n, pack_bytes);
+        least[k] = x < least[k] ? x : least[k];
+        most[k] = x > most[k] ? x : most[k];
+    };
+    int n = 0;
+    for (; n + several * W <= count; n += several * W)
+#pragma GCC unroll 4
+        for (int k = 0; k < several; ++k) take_from(n + k * W, k);
+    for (; n + W <= count; n += W) take_from(n, 0);
+    take_from(count - W, 1);
+#pragma GCC unroll 4
+    for (int k = 1; k < several; ++k) {
+        least[0] = least[k] < least[0] ? least[k] : least[0];
+        most[0] = most[k] > most[0] ? most[k] : most[0];
+    }
+    for (int l = 0; l < W; ++l) {
+        low = least[0][l] < low ? least[0][l] : low;
+        high = most[0][l] > high ? most[0][l] : high;
+    }
 }
 
 bool list_ascends(const std::intptr_t *list, int count, std::intptr_t gap) {
-    std::intptr_t signs = 0; // gathered, so that there is no branch in the loop
-    for (int n = 1; n < count; ++n) signs |= list[n] - list[n - 1] - gap;
+    // Signs are gathered, so that there is no branch in the loop; but most lists that do not ascend show it soon.
+    constexpr int soon = 64;
+    std::intptr_t signs = 0;
+    int n = 1;
+    for (; n < count && n < soon; ++n) signs |= list[n] - list[n - 1] - gap;
+    if (signs < 0) return false;
+    for (; n < count; ++n) signs |= list[n] - list[n - 1] - gap;
+    return signs >= 0;
+}
+
+bool lists_apart(const std::intptr_t *a, const std::intptr_t *b, int count, std::intptr_t extent_a,
+                 std::intptr_t extent_b) {
+    std::intptr_t signs = 0;
+    for (int n = 0; n < count; ++n) {
+        const std::intptr_t distance = b[n] - a[n];
+        signs |= (distance - extent_a) & (-extent_b - distance); // negative both where they meet
+    }
     return signs >= 0;
 }
 

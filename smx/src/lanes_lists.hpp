@@ -9,6 +9,9 @@
 SMX_DECLARE_LANES(void, list_bounds, const std::intptr_t *list, int count, std::intptr_t &low, std::intptr_t &high)
 // Does every address but the first lie at least `gap` bytes behind the one before it?
 SMX_DECLARE_LANES(bool, list_ascends, const std::intptr_t *list, int count, std::intptr_t gap)
+// Does no object of one list meet the same one of the other? The extents are those of the objects from their addresses.
+SMX_DECLARE_LANES(bool, lists_apart, const std::intptr_t *a, const std::intptr_t *b, int count, std::intptr_t extent_a,
+                  std::intptr_t extent_b)
 // Does every address lie at least `extent` bytes from the one before it?
 SMX_DECLARE_LANES(bool, list_neighbours_apart, const std::intptr_t *list, int count, std::intptr_t extent)
 // Does each of `width` addresses (a group) lie at least `extent` bytes from all others?

@@ -14,6 +14,10 @@ struct ColumnOf {
     static constexpr int at(int l) { return (l < N ? l : 0) * N + column; }
 };
 
+// The kernels that start their sums from zero take two objects at a time.
+template <bool from_zero>
+constexpr Loop loop = from_zero ? Loop::pairs : Loop::usual;
+
 // One object at a time: column p of the matrix times element p of the vector.
 template <class T, int N, bool from_zero, bool adds>
 int product_by_columns(const LanePlan &plan, int first) {
@@ -38,8 +42,8 @@ int product_by_columns(const LanePlan &plan, int first) {
         if constexpr (adds) sum = sum + load_end<T, N>(c);
         store_end<T, N>(d, sum);
     };
-    return each_object_of<T, from_zero>(plan, first, one, matrix, vector, plan.source[adds ? 2 : 1].operand,
-                                        plan.result[0]);
+    return each_object_of<T, loop<from_zero>>(plan, first, one, matrix, vector, plan.source[adds ? 2 : 1].operand,
+                                              plan.result[0]);
 }
 
 // One matrix for all vectors: its columns are read once.
@@ -56,7 +60,7 @@ int one_matrix(const LanePlan &plan, int first) {
         column[p] = Column::load(reinterpret_cast<const Byte *>(elements));
     }
     const std::ptrdiff_t step = vector.stride2;
-    return each_object_of<T, from_zero>(
+    return each_object_of<T, loop<from_zero>>(
         plan, first,
         [&](const Byte *b, const Byte *c, const Byte *d) {
             Column sum = column[0] * Column::all(load_element<T>(b));
