@@ -84,6 +84,21 @@ void mixtures(const Member &member) {
         }
 }
 
+// Matrices that are no squares.
+void oblong(const Member &member) {
+    if (!takes_any_shape(*member.row)) return;
+    for (const auto &[height, width] : {std::pair{3, 2}, {6, 4}, {7, 1}, {9, 9}, {2, 9}})
+        for (const Variation &v : variations)
+            for (const int count : {41, 150}) {
+                if (width > height && member.row->name.rfind("QR", 0) == 0) continue;
+                Shape shape = shaped(width, count, v);
+                shape.height = height;
+                shape.mixed = v.step == 2 ? 3 : 0;
+                Call call(member, shape);
+                report(member, shape, (std::string(v.name) + " height " + std::to_string(height)).c_str(), call);
+            }
+}
+
 void values(const Member &member) {
     using Values = Shape::Values;
     for (const int side : {3, 4, 5, 6})
@@ -169,6 +184,7 @@ int main(int argc, char **argv) {
         }
         plain(member);
         mixtures(member);
+        oblong(member);
         if (only_plain) continue;
         values(member);
         overlaps(member);

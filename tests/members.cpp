@@ -73,6 +73,15 @@ const std::vector<Row> &rows() {
     return all_rows;
 }
 
+bool takes_any_shape(const Row &row) {
+    bool height = false, vector = false;
+    for (const Operand &o : row.operands) {
+        height = height || o.name == "height";
+        vector = vector || o.structure == Structure::vector;
+    }
+    return height && !vector;
+}
+
 std::vector<std::string> kernel_less_functions() {
     std::vector<std::string> names;
     for (const auto &text : texts) {
@@ -204,8 +213,11 @@ Extent extent(const Operand &o, const Row &row, const Shape &shape) {
                       ? (o.structure == Structure::matrix ? 4 : 3)
                       : shape.size;
     const int objects = o.array ? shape.count : 1;
+    const int height = shape.height != 0 ? shape.height : n;
+    // A transposed operand, and the result of a transposition, are stored with width rows.
+    const bool turned = o.kind[0] == 'T' || (row.name.rfind("Transpose", 0) == 0 && !o.source);
     switch (o.structure) {
-    case Structure::matrix: return {n, n, objects};
+    case Structure::matrix: return {turned ? n : height, turned ? height : n, objects};
     case Structure::vector: return {1, n, objects};
     case Structure::constants: return {1, 1, objects};
     case Structure::packed:
@@ -298,7 +310,8 @@ void Call::fill(const Operand &o) {
 }
 
 void Call::describe(const Operand &o) {
-    if (o.structure == Structure::size) integers_[o.name] = shape_.size;
+    if (o.structure == Structure::size)
+        integers_[o.name] = o.name == "height" && shape_.height != 0 ? shape_.height : shape_.size;
     if (o.structure == Structure::count) integers_[o.name] = shape_.count;
     const Extent e = extent(o, *member_.row, shape_);
     if (e.objects == 0) return;

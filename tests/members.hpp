@@ -35,6 +35,8 @@ struct Row {
 // Rows with kernels; of the others only the names of their functions.
 std::vector<std::string> kernel_less_functions();
 const std::vector<Row> &rows();
+// Matrices of one width and height, and no vectors beside them.
+bool takes_any_shape(const Row &row);
 
 enum class ArgumentType { pointer, integer, real };
 struct Argument {
@@ -62,6 +64,7 @@ const Member &find(const std::string &name);
 // What the call's operands look like in memory.
 struct Shape {
     int size = 3;          // every width, height, length and side
+    int height = 0;        // not 0: the height, for rows that take a width and a height (takes_any_shape)
     int count = 5;         // objects
     int step = 1;          // elements from one element of a row to the next
     int row_gap = 0;       // elements between rows

@@ -110,7 +110,9 @@ void all_sizes(F f) {
         for (const int width : {1, 2, 3, 4, 5, 6, 9})
             for (const int height : {1, 3, 4, 5, 6, 8}) {
                 if (matrix ? width > 2 && width < 9 && height != width && height != 8 : height != 1) continue;
-                for (const int count : {1, 3, 37}) f(Sizes{width, height, count, matrix});
+                // The last is enough for the longest runs through planes.
+                for (const int count : {1, 3, 37, 150})
+                    if (count < 150 || width * height <= 6) f(Sizes{width, height, count, matrix});
             }
 }
 constexpr Spread spreads[] = {Spread::packed, Spread::structs, Spread::elements, Spread::lanes};

@@ -2,10 +2,13 @@
 // array members, layouts, values and overlaps; and no access outside the operands.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdio>
-#include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
+
+#include "members.hpp"
 
 namespace {
 
@@ -44,6 +47,30 @@ TEST(Lanes, EveryThreadCountGivesTheSameBits) {
     for (const char *threads : {"2", "3", "4"}) {
         SCOPED_TRACE(threads);
         expect_same(one, lines_of(std::string("OMP_NUM_THREADS=") + threads, "--plain"));
+    }
+}
+
+// Nothing in the library is shared between calls.
+TEST(Lanes, CallsAtTheSameTimeDoNotMeet) {
+    using namespace members;
+    for (const Member &member : all()) {
+        if (!member.row->array()) continue;
+        Shape shape;
+        shape.size = 4;
+        shape.count = 500;
+        Call alone(member, shape);
+        ASSERT_EQ(alone.run(), 0) << member.name();
+        const std::vector<unsigned char> expected = alone.memory();
+        std::vector<std::thread> threads;
+        std::atomic<int> different{0};
+        for (int t = 0; t < 3; ++t)
+            threads.emplace_back([&] {
+                Call call(member, shape);
+                for (int repeated = 0; repeated < 150; ++repeated) call.run();
+                different += call.memory() != expected;
+            });
+        for (std::thread &thread : threads) thread.join();
+        EXPECT_EQ(different, 0) << member.name();
     }
 }
 
