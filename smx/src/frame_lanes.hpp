@@ -103,8 +103,9 @@ inline SmxStatus for_each_object(const LanePlan &plan, Groups groups, Range rang
         if (plan.verdict != Verdict::never) {
             const int before = n;
             n = groups(n);
-            // A group that has failed, or a list's unsafe one; a call without any progress has no lane path at all.
-            const bool one_group = n != before || plan.verdict == Verdict::by_group;
+            // A group that has failed, or a list's unsafe one; a call without any progress, or a look at its lists, has no
+            // lane path at all.
+            const bool one_group = n != before || (plan.verdict == Verdict::by_group && plan.lists_are_seen);
             if (one_group && plan.count - n > width) last = n + width;
         }
         if (n < last)

@@ -28,6 +28,9 @@ SMX_LANE_LOOP int dot(const LanePlan &plan, int first) {
             },
             a, dst);
     }
+    // To bring three doubles of each object into lanes takes longer than to multiply them.
+    using Way = typename LaneAccess<T, 1, N>::Way;
+    if (N == 3 && sizeof(T) == 8 && a.way == Way::rows && b.way == Way::rows && !(a.packed && b.packed)) return first;
     return each_group_by<T, packed, strided, listed, planes>(
         plan, first,
         [](int n, const auto &from, const auto &beside, const auto &to) {
