@@ -814,7 +814,8 @@ struct ObjectStarts {
 enum class Loop {
     usual,
     pairs, // the sequential kernel takes two objects at a time, so its order may show between neighbours, too
-    light  // so little is done for an object of a source and of a result that the way to it counts
+    lists, // lists have a loop of their own
+    light  // so have all pairs of layouts: so little is done for an object of a source and of a result
 };
 
 // Objects first .. count - 1 one after the other, each read whole before it is stored: only what overlaps within the
@@ -847,7 +848,8 @@ template <class T, Loop kind = Loop::usual, class Body, class... Operands>
         };
         return two(operands...);
     }
-    if ((listed(operands) && ...)) return loop(ListedStarts(operands)...);
+    if constexpr (kind == Loop::lists)
+        if ((listed(operands) && ...)) return loop(ListedStarts(operands)...);
     return loop(ObjectStarts(operands)...);
 }
 

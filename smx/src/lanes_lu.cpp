@@ -108,7 +108,9 @@ SMX_LANE_LOOP int decompose(const LanePlan &plan, int *pivots, int first) {
         store_pivots<T, N>(pivots + static_cast<std::ptrdiff_t>(n) * N, factors.physical);
         return true;
     };
-    return each_group_by<T, Known::packed, Known::planes>(plan, first, body, src, dst);
+    using enum Known;
+    if constexpr (N <= 4) return each_group_by<T, packed, strided, listed, planes>(plan, first, body, src, dst);
+    else return each_group_by<T, packed, planes>(plan, first, body, src, dst);
 }
 
 // One matrix for all vectors: everything that depends on it alone is made once.
@@ -150,7 +152,9 @@ SMX_LANE_LOOP int solve(const LanePlan &plan, const int *pivots, const void *rec
         to.store(n, x);
         return true;
     };
-    return each_group_by<T, Known::packed, Known::planes>(plan, first, body, matrix, rhs, dst);
+    using enum Known;
+    if constexpr (N <= 4) return each_group_by<T, packed, strided, listed, planes>(plan, first, body, matrix, rhs, dst);
+    else return each_group_by<T, packed, planes>(plan, first, body, matrix, rhs, dst);
 }
 
 } // namespace

@@ -54,12 +54,12 @@ SMX_LANE_LOOP int square(const LanePlan &plan, int first) {
     if (by_rows(a) && by_rows(b) && by_rows(d)) {
         const auto sum = [](auto x, auto y) { return Op::apply(x, y); };
         if (a.dense && b.dense && d.dense)
-            return each_object_of<T>(
+            return each_object_of<T, Loop::lists>(
                 plan, first,
                 [&](const Byte *x, const Byte *y, const Byte *z) { element_by_element<T, N * N>(sum, z, x, y); }, a.o,
                 b.o, d.o);
         const std::ptrdiff_t a_row = a.o.stride1, b_row = b.o.stride1, d_row = d.o.stride1;
-        return each_object_of<T>(
+        return each_object_of<T, Loop::lists>(
             plan, first,
             [&](const Byte *x, const Byte *y, const Byte *z) {
 #pragma GCC unroll 6
