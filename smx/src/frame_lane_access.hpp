@@ -877,6 +877,22 @@ template <class T, int L, class F, class... Starts>
         std::memcpy(const_cast<Byte *>(d + (k == vectors - 1 ? bytes - wide : k * wide)), &result[k], wide);
 }
 
+// `bytes` of adjacent elements, whatever objects they belong to. apply(x...) is given packs or single elements.
+template <class T, class F, class... Sources>
+[[gnu::always_inline]] inline void run_of_elements(F apply, const Byte *d, std::ptrdiff_t bytes, Sources... from) {
+    constexpr int size = sizeof(T);
+    std::ptrdiff_t e = 0;
+    const auto one_by_one_until = [&](std::ptrdiff_t end) {
+        for (; e < end; e += size) store_element<T>(d + e, apply(load_element<T>(from + e)...));
+    };
+    // A store that crosses two lines of the cache costs twice.
+    constexpr int worth_aligning = 16 * pack_bytes;
+    if (bytes >= worth_aligning) one_by_one_until(-reinterpret_cast<std::intptr_t>(d) & (pack_bytes - 1));
+    for (; e + pack_bytes <= bytes; e += pack_bytes)
+        store_pack(const_cast<Byte *>(d + e), Pack<T>(apply(load_pack<T>(from + e)...)));
+    one_by_one_until(bytes);
+}
+
 // Calls f(T{}, Side<n>{}) for an element type and a side of 3 to 6; else, or if there is less than one group, nothing is
 // done.
 template <class F>

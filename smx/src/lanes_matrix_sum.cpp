@@ -29,16 +29,10 @@ bool packed(const LaneOperand &o) {
 template <class Op, class T>
 int flat(const LanePlan &plan, int first) {
     const LaneOperand &d = plan.result[0];
-    const std::ptrdiff_t per_object = static_cast<std::ptrdiff_t>(d.rows) * d.columns;
-    const std::ptrdiff_t offset = first * d.stride0;
-    const Byte *const a = at(plan.source[0].operand.base, offset), *const b = at(plan.source[1].operand.base, offset);
-    const Byte *const out = at(d.base, offset);
-    const std::ptrdiff_t end = (plan.count - first) * per_object * static_cast<std::ptrdiff_t>(sizeof(T));
-    std::ptrdiff_t e = 0;
-    for (; e + pack_bytes <= end; e += pack_bytes)
-        store_pack(const_cast<Byte *>(out + e), Pack<T>(Op::apply(load_pack<T>(a + e), load_pack<T>(b + e))));
-    for (; e < end; e += static_cast<std::ptrdiff_t>(sizeof(T)))
-        store_element(out + e, Op::apply(load_element<T>(a + e), load_element<T>(b + e)));
+    const std::ptrdiff_t done = first * d.stride0;
+    run_of_elements<T>([](auto x, auto y) { return Op::apply(x, y); }, at(d.base, done),
+                       (plan.count - first) * d.stride0, at(plan.source[0].operand.base, done),
+                       at(plan.source[1].operand.base, done));
     return plan.count;
 }
 

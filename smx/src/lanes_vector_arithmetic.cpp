@@ -25,13 +25,8 @@ bool packed(const LaneOperand &o) {
 template <Arithmetic operation, class T, bool vectors>
 [[gnu::always_inline]] inline void run(const Byte *a, const Byte *b, T constant, const Byte *out,
                                        std::ptrdiff_t bytes) {
-    const Pack<T> constants(constant);
-    std::ptrdiff_t e = 0;
-    for (; e + pack_bytes <= bytes; e += pack_bytes)
-        store_pack(const_cast<Byte *>(out + e),
-                   apply<operation>(load_pack<T>(a + e), vectors ? load_pack<T>(b + e) : constants));
-    for (; e < bytes; e += static_cast<std::ptrdiff_t>(sizeof(T)))
-        store_element(out + e, apply<operation>(load_element<T>(a + e), vectors ? load_element<T>(b + e) : constant));
+    if constexpr (vectors) run_of_elements<T>([](auto x, auto y) { return apply<operation>(x, y); }, out, bytes, a, b);
+    else run_of_elements<T>([=](auto x) { return apply<operation>(x, decltype(x)(constant)); }, out, bytes, a);
 }
 
 // Element l of pack k of a group of packed objects of N elements belongs to object (k W + l) / N: the objects' numbers,
