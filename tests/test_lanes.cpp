@@ -1,5 +1,5 @@
 // Groups of objects against one after the other: the same bits, the same statuses, for every instruction set, over all
-// array members, layouts, values and overlaps; and no access outside the operands.
+// members, layouts, values and overlaps; and no access outside the operands.
 #include <gtest/gtest.h>
 
 #include <atomic>

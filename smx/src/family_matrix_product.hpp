@@ -152,10 +152,30 @@ struct MatrixProduct {
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, matrix_product_lanes, plan, from_zero); }, one_by_one);
     }
 
-    // Non-array kernels.
+    // Non-array kernels. The paths written out take a whole row of the result at a time where it does not meet src1.
     template <class Tier, class A, class B, class D>
     static SmxStatus run(Tier, const A &a, W1 w1, H1 h1, const B &b, W2 w2, H2 h2, const D &d) {
+        if constexpr (std::is_same_v<Tier, Plain> && !is_transposed<B>) {
+            const int side = w1.value;
+            if (side >= 3 && side <= 6 && side == h1.value && side == w2.value && side == h2.value &&
+                instruction_set() != InstructionSet::sequential && are_apart(a, d, side)) {
+                constexpr int size = sizeof(ElementOf<D>);
+                constexpr bool turned = is_transposed<A>;
+                return SMX_ON_LANES(one_product_lanes, a.base, turned ? size : a.stride1,
+                                       turned ? a.stride1 : size, b.base, b.stride1, d.base, d.stride1, size, side);
+            }
+        }
         return objects<Tier>(a, w1.value, h1.value, b, w2.value, h2.value, d, 0, 1);
+    }
+    // Nothing from the first to the last element of the one lies between those of the other.
+    template <class A, class D>
+    static bool are_apart(const A &a, const D &d, int side) {
+        constexpr std::ptrdiff_t size = sizeof(ElementOf<D>);
+        const auto bytes = [&](int row) {
+            return static_cast<std::uintptr_t>((side - 1) * std::ptrdiff_t{row} + side * size);
+        };
+        const auto from = reinterpret_cast<std::uintptr_t>(a.base), to = reinterpret_cast<std::uintptr_t>(d.base);
+        return a.stride1 > 0 && d.stride1 > 0 && (from + bytes(a.stride1) <= to || to + bytes(d.stride1) <= from);
     }
     // Array kernels.
     template <class Tier, class A, class B, class D>

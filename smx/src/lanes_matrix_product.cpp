@@ -196,5 +196,20 @@ int matrix_product_lanes(const LanePlan &plan, bool from_zero, int first) {
     });
 }
 
+int one_product_lanes(const void *first, std::ptrdiff_t first_row, std::ptrdiff_t first_column, const void *second,
+                      std::ptrdiff_t second_row, void *result, std::ptrdiff_t result_row, int element, int side) {
+    const auto of_type = [&]<class T>(T) {
+        with_side(side, [&]<int N>(Side<N>) {
+            Row<T, N> rows[N];
+            read_rows<T, N>(static_cast<const Byte *>(second), second_row, rows);
+            rows_product<T, N, false>(static_cast<const Byte *>(first), first_row, first_column, rows,
+                                      static_cast<const Byte *>(result), result_row);
+        });
+    };
+    if (element == sizeof(float)) of_type(0.0F);
+    else of_type(0.0);
+    return 0;
+}
+
 } // namespace SMX_ISA
 } // namespace smx
