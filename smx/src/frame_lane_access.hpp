@@ -10,6 +10,7 @@
 
 #include "frame_lanes.hpp"
 #include "frame_pack.hpp"
+#include "lanes_lists.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
@@ -489,22 +490,24 @@ struct LaneAccess {
         }
         return nullptr;
     }
-    // Where the objects of a group start (strided or list).
-    [[gnu::always_inline]] void rows_of(int n, const Byte *(&rows)[W]) const {
+    // Where the objects of a group start (strided or list): in the list itself, or noted down here.
+    [[gnu::always_inline]] const Byte *const *rows_of(int n, const Byte *(&here)[W]) const {
         if (o.addressing == Addressing::list) {
-            for (int l = 0; l < W; ++l) rows[l] = at(o.table[n + l], o.shift);
+            if (o.shift == 0) return reinterpret_cast<const Byte *const *>(o.table + n);
+            for (int l = 0; l < W; ++l) here[l] = at(o.table[n + l], o.shift);
         } else {
             const std::ptrdiff_t step = o.single ? 0 : o.stride0;
-            rows[0] = at(o.base, n * step);
-            for (int l = 1; l < W; ++l) rows[l] = at(rows[l - 1], step);
+            here[0] = at(o.base, n * step);
+            for (int l = 1; l < W; ++l) here[l] = at(here[l - 1], step);
         }
+        return here;
     }
 
-    // Where element (i, j) lies behind the start of each object. A pointer table has no such start: the rows become the
-    // element's own addresses.
-    [[gnu::always_inline]] std::ptrdiff_t place(int n, int i, int j, const Byte *(&rows)[W]) const {
+    // Where element (i, j) lies behind the start of each object. A pointer table has no such start: the element's own
+    // addresses are noted down.
+    [[gnu::always_inline]] std::ptrdiff_t place(int n, int i, int j, const Byte *(&here)[W]) const {
         if (o.addressing != Addressing::pointers) return i * o.stride1 + j * o.stride2;
-        for (int l = 0; l < W; ++l) rows[l] = at(o.table[i * C + j], o.shift + (n + l) * o.stride0);
+        for (int l = 0; l < W; ++l) here[l] = at(o.table[i * C + j], o.shift + (n + l) * o.stride0);
         return 0;
     }
 
@@ -526,17 +529,17 @@ struct LaneAccess {
         } else if (way == Way::rows) {
             if constexpr (few)
                 if (packed) return load_side_by_side<T, R * C>(at(o.base, n * o.stride0), out);
-            const Byte *rows[W];
-            rows_of(n, rows);
+            const Byte *here[W];
+            const Byte *const *const rows = rows_of(n, here);
             if (dense) load_run<T, R * C>(rows, 0, out);
             else
 #pragma GCC unroll 6
                 for (int i = 0; i < R; ++i) load_run<T, C>(rows, i * o.stride1, out + i * C);
         } else {
-            const Byte *rows[W] = {};
-            if (o.addressing != Addressing::pointers) rows_of(n, rows);
+            const Byte *here[W] = {};
+            const Byte *const *const rows = o.addressing != Addressing::pointers ? rows_of(n, here) : here;
             for (int i = 0; i < R; ++i)
-                for (int j = 0; j < C; ++j) out[i * C + j] = gather<T>(rows, place(n, i, j, rows));
+                for (int j = 0; j < C; ++j) out[i * C + j] = gather<T>(rows, place(n, i, j, here));
         }
     }
     // The same, as the operation sees them: a transposed operand with its indexes exchanged (square objects only).
@@ -564,18 +567,18 @@ struct LaneAccess {
         } else if (way == Way::rows) {
             if constexpr (few)
                 if (packed) return store_side_by_side<T, R * C>(at(o.base, n * o.stride0), in);
-            const Byte *rows[W];
-            rows_of(n, rows);
+            const Byte *here[W];
+            const Byte *const *const rows = rows_of(n, here);
             if (dense) store_run<T, R * C>(rows, 0, in);
             else
 #pragma GCC unroll 6
                 for (int i = 0; i < R; ++i) store_run<T, C>(rows, i * o.stride1, in + i * C);
         } else {
-            const Byte *rows[W] = {};
-            if (o.addressing != Addressing::pointers) rows_of(n, rows);
+            const Byte *here[W] = {};
+            const Byte *const *const rows = o.addressing != Addressing::pointers ? rows_of(n, here) : here;
             for (int i = 0; i < R; ++i)
                 for (int j = 0; j < C; ++j) {
-                    const std::ptrdiff_t offset = place(n, i, j, rows);
+                    const std::ptrdiff_t offset = place(n, i, j, here);
                     scatter<T>(rows, offset, in[i * C + j]);
                 }
         }
@@ -722,7 +725,7 @@ template <class T, int at_once = 1, class Body>
     const bool by_group = is_in_doubt(plan);
     int n = first;
     for (; n + W <= count; n += W) {
-        if (by_group && !group_is_safe(plan, n, W)) break;
+        if (by_group && !group_is_fine(plan, n, W)) break;
         if (!body(n)) break;
     }
     return n;

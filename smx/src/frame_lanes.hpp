@@ -40,6 +40,13 @@ struct LaneSource {
     SameObject same_object;
 };
 
+// A list of results that may meet themselves; all of it, or its groups, as lanes_lists.hpp has it.
+struct ListAlone {
+    const std::intptr_t *list;
+    std::ptrdiff_t extent;
+    bool near;
+};
+
 struct LanePlan {
     LaneSource source[4];
     LaneOperand result[4];
@@ -51,6 +58,7 @@ struct LanePlan {
     mutable Verdict verdict;
     mutable unsigned doubts;
     mutable bool lists_are_seen;
+    mutable ListAlone alone; // its list is null unless that is the only doubt that is left
 };
 
 // Fills in the verdict for so many groups of the chosen instruction set's widest lanes at once.

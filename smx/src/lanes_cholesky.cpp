@@ -28,9 +28,8 @@ struct LowerAccess {
     }
     [[gnu::always_inline]] void load(int n, CholeskyFactor<Num, N> &factor) const {
         if (all.way == Access::Way::rows && !all.o.single) {
-            const Byte *rows[Num::width];
-            all.rows_of(n, rows);
-            load_rows(rows, factor);
+            const Byte *here[Num::width];
+            load_rows(all.rows_of(n, here), factor);
             return;
         }
         for (int i = 0; i < N; ++i)
@@ -47,9 +46,8 @@ struct LowerAccess {
     }
     [[gnu::always_inline]] void store(int n, const CholeskyFactor<Num, N> &factor) const {
         if (all.way == Access::Way::rows) {
-            const Byte *rows[Num::width];
-            all.rows_of(n, rows);
-            store_rows(rows, factor);
+            const Byte *here[Num::width];
+            store_rows(all.rows_of(n, here), factor);
             return;
         }
         for (int i = 0; i < N; ++i)

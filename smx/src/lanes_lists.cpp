@@ -5,10 +5,6 @@
 #include <cstring>
 #include <utility>
 
-#if defined(__AVX512F__)
-#include <immintrin.h>
-#endif
-
 namespace smx {
 inline namespace SMX_ISA {
 
@@ -84,62 +80,67 @@ bool list_neighbours_apart(const std::intptr_t *list, int count, std::intptr_t e
 
 namespace {
 
-#if defined(__AVX512F__)
-// Each address beside the one r places on, round the group of 8 or 16: apart if a - b + reach, taken without a sign, is
-// greater than twice the reach.
-template <int r>
-void beside(__mmask8 &apart, __m512i above, __m512i low, __m512i high, __m512i twice) {
-    const __m512i distance = _mm512_sub_epi64(above, r == 8 ? high : _mm512_alignr_epi64(high, low, r % 8));
-    apart = _mm512_mask_cmpgt_epu64_mask(apart, distance, twice);
-}
-template <int W>
-bool wide_group_apart(const std::intptr_t *list, std::intptr_t reach) {
-    const __m512i low = _mm512_loadu_si512(list), high = W == 16 ? _mm512_loadu_si512(list + W - 8) : low;
-    const __m512i all_reach = _mm512_set1_epi64(reach), twice = _mm512_set1_epi64(2 * reach);
-    const __m512i above_low = _mm512_add_epi64(low, all_reach), above_high = _mm512_add_epi64(high, all_reach);
-    __mmask8 apart = 0xff, also = 0xff;
-    [&]<int... r>(std::integer_sequence<int, r...>) {
-        (beside<r + 1>(apart, above_low, low, high, twice), ...);
-        if constexpr (W == 16) (beside<r + 1>(also, above_high, high, low, twice), ...);
-    }
-    (std::make_integer_sequence<int, W / 2>{});
-    return (apart & also) == 0xff;
-}
-#endif
-
-// The same by the signs of all distances, which are gathered.
-template <int W>
-bool group_apart(const std::intptr_t *list, std::intptr_t reach) {
-    std::intptr_t round[2 * W], signs[W];
-    for (int l = 0; l < W; ++l) {
-        round[l] = round[l + W] = list[l];
-        signs[l] = -1;
-    }
-#pragma GCC unroll 8
-    for (int r = 1; r <= W / 2; ++r)
-        for (int l = 0; l < W; ++l) {
-            const std::intptr_t distance = round[l] - round[l + r];
-            signs[l] &= (distance + reach) | (reach - distance);
+// The least of W numbers, by halves.
+template <int W, class V>
+auto least_of(V x) {
+    if constexpr (sizeof x <= 16) {
+        auto least = x[0];
+        for (int l = 1; l < W; ++l) least = x[l] < least ? x[l] : least;
+        return least;
+    } else {
+        return [&]<int... l>(std::integer_sequence<int, l...>) {
+            const auto low = __builtin_shufflevector(x, x, l...), high = __builtin_shufflevector(x, x, (l + W / 2)...);
+            return least_of<W / 2>(high < low ? high : low);
         }
-    std::intptr_t all = -1;
-    for (int l = 0; l < W; ++l) all &= signs[l];
-    return all < 0;
+        (std::make_integer_sequence<int, W / 2>{});
+    }
+}
+
+// Each address beside the one r places on, round the group: apart if a - b + reach, taken without a sign, is greater
+// than twice the reach. Of addresses near each other the lower 32 bits will do.
+template <class Unsigned, int W>
+bool group_apart(const std::intptr_t *list, Unsigned reach) {
+    typedef Unsigned Addresses __attribute__((vector_size(W * sizeof(Unsigned))));
+    Addresses a;
+    for (int l = 0; l < W; ++l) a[l] = static_cast<Unsigned>(list[l]);
+    const Addresses above = a + reach;
+    return [&]<int... l>(std::integer_sequence<int, l...>) {
+        Addresses least = ~Addresses{};
+        const auto beside = [&]<int r>(Fixed<r>) {
+            const Addresses distance = above - __builtin_shufflevector(a, a, ((l + r) % W)...);
+            least = distance < least ? distance : least;
+        };
+        [&]<int... r>(std::integer_sequence<int, r...>) {
+            (beside(Fixed<r + 1>{}), ...);
+        }
+        (std::make_integer_sequence<int, W / 2>{});
+        return least_of<W>(least) > 2 * reach;
+    }
+    (std::make_integer_sequence<int, W>{});
+}
+template <class Unsigned>
+bool any_group_apart(const std::intptr_t *list, int width, std::intptr_t extent) {
+    const auto reach = static_cast<Unsigned>(extent - 1);
+    switch (width) {
+    case 2: return group_apart<Unsigned, 2>(list, reach);
+    case 4: return group_apart<Unsigned, 4>(list, reach);
+    case 8: return group_apart<Unsigned, 8>(list, reach);
+    case 16: return group_apart<Unsigned, 16>(list, reach);
+    default: return width < 2;
+    }
 }
 
 } // namespace
 
-bool list_group_apart(const std::intptr_t *list, int width, std::intptr_t extent) {
-#if defined(__AVX512F__)
-    if (width == 8) return wide_group_apart<8>(list, extent - 1);
-    if (width == 16) return wide_group_apart<16>(list, extent - 1);
-#endif
-    switch (width) {
-    case 2: return group_apart<2>(list, extent - 1);
-    case 4: return group_apart<4>(list, extent - 1);
-    case 8: return group_apart<8>(list, extent - 1);
-    case 16: return group_apart<16>(list, extent - 1);
-    default: return width < 2;
-    }
+bool list_group_apart(const std::intptr_t *list, int width, std::intptr_t extent, bool near) {
+    return near ? any_group_apart<std::uint32_t>(list, width, extent)
+                : any_group_apart<std::uintptr_t>(list, width, extent);
+}
+
+bool group_is_fine(const LanePlan &plan, int first, int width) {
+    const ListAlone &alone = plan.alone;
+    if (alone.list == nullptr) return group_is_safe(plan, first, width);
+    return list_group_apart(alone.list + first, width, alone.extent, alone.near);
 }
 
 } // namespace SMX_ISA

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "frame_isa.hpp"
+#include "frame_lanes.hpp"
 
 // The lowest and the highest of `count` addresses.
 SMX_DECLARE_LANES(void, list_bounds, const std::intptr_t *list, int count, std::intptr_t &low, std::intptr_t &high)
@@ -14,5 +14,8 @@ SMX_DECLARE_LANES(bool, lists_apart, const std::intptr_t *a, const std::intptr_t
                   std::intptr_t extent_b)
 // Does every address lie at least `extent` bytes from the one before it?
 SMX_DECLARE_LANES(bool, list_neighbours_apart, const std::intptr_t *list, int count, std::intptr_t extent)
-// Does each of `width` addresses (a group) lie at least `extent` bytes from all others?
-SMX_DECLARE_LANES(bool, list_group_apart, const std::intptr_t *list, int width, std::intptr_t extent)
+// Does each of `width` addresses (a group) lie at least `extent` bytes from all others? Those of a list that is `near`
+// lie, with their objects, less than 1 GB from each other.
+SMX_DECLARE_LANES(bool, list_group_apart, const std::intptr_t *list, int width, std::intptr_t extent, bool near)
+// group_is_safe(), with the usual doubt looked into here.
+SMX_DECLARE_LANES(bool, group_is_fine, const LanePlan &plan, int first, int width)
