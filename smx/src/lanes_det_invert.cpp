@@ -8,12 +8,12 @@ inline namespace SMX_ISA {
 
 namespace {
 
-// Of larger matrices the loads are little beside the work.
-template <int N, class T, class Body, class... Operands>
+// Of large matrices the loads are little beside the work.
+template <bool large, class T, class Body, class... Operands>
 [[gnu::always_inline]] inline int in_groups(const LanePlan &plan, int first, Body body, const Operands &...operands) {
     using enum Known;
-    if constexpr (N <= 4) return each_group_by<T, packed, strided, listed, planes>(plan, first, body, operands...);
-    else return each_group_by<T, packed, planes>(plan, first, body, operands...);
+    if constexpr (large) return each_group_by<T, packed, planes>(plan, first, body, operands...);
+    else return each_group_by<T, packed, strided, listed, planes>(plan, first, body, operands...);
 }
 
 template <class T, int N>
@@ -21,7 +21,7 @@ SMX_LANE_LOOP int determinants(const LanePlan &plan, int first) {
     using Num = Pack<T>;
     const LaneAccess<T, N, N> src(plan.source[0].operand);
     const LaneAccess<T, 1, 1> dst(plan.result[0]);
-    return in_groups<N, T>(
+    return in_groups<(N > 5), T>(
         plan, first,
         [&](int n, const auto &from, const auto &to) {
             Num a[N][N];
@@ -37,7 +37,7 @@ template <class T, int N>
 SMX_LANE_LOOP int invert(const LanePlan &plan, int first) {
     using Num = Pack<T>;
     const LaneAccess<T, N, N> src(plan.source[0].operand), dst(plan.result[0]);
-    return in_groups<N, T>(
+    return in_groups<(N > 4), T>(
         plan, first,
         [&](int n, const auto &from, const auto &to) {
             Num a[N][N], inverse[N][N];
