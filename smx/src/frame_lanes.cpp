@@ -109,9 +109,6 @@ const Address *addresses(const LaneOperand &list) {
     return reinterpret_cast<const Address *>(list.table);
 }
 
-// A list is near whose addresses can be told apart by their lower 32 bits.
-constexpr ptrdiff_t near_bytes = 1 << 30;
-
 // The bytes of all objects of a call lie in [low, high); a list may hold them in ascending order, each behind the last.
 struct Span {
     Address low, high;
@@ -247,7 +244,7 @@ bool lists_are_in_doubt(const LanePlan &plan) {
             const LaneOperand &d = plan.result[i];
             const Span all_d = span(d, plan.count);
             if (all_d.ascends) plan.doubts &= ~doubt_alone(i);
-            else if (i == 0) plan.alone = {addresses(d), strided_extent(d), all_d.high - all_d.low < near_bytes};
+            else if (i == 0) plan.alone = {addresses(d), strided_extent(d)};
             settle_pairs(plan, i, [&](const LaneSource &source) {
                 return list_pair_is_safe(source.operand, d, all_d, fine_in_place(source, d), plan.count);
             });
@@ -289,7 +286,7 @@ bool group_is_safe(const LanePlan &plan, int first, int width) {
         const LaneOperand &d = plan.result[i];
         // Only a list's result is ever in doubt of meeting itself.
         if ((plan.doubts & doubt_alone(i)) &&
-            !SMX_ON_LANES(list_group_apart, addresses(d) + first, width, strided_extent(d), false))
+            !SMX_ON_LANES(list_group_apart, addresses(d) + first, width, strided_extent(d)))
             return false;
         for (int j = 0; j < plan.sources; ++j)
             if ((plan.doubts & doubt_source(i, j)) &&

@@ -40,11 +40,10 @@ struct LaneSource {
     SameObject same_object;
 };
 
-// A list of results that may meet themselves; all of it, or its groups, as lanes_lists.hpp has it.
+// A list of results that may meet themselves.
 struct ListAlone {
     const std::intptr_t *list;
     std::ptrdiff_t extent;
-    bool near;
 };
 
 struct LanePlan {

@@ -82,9 +82,9 @@ namespace {
 
 // The least of W numbers, by halves.
 template <int W, class V>
-auto least_of(V x) {
+std::uint32_t least_of(V x) {
     if constexpr (sizeof x <= 16) {
-        auto least = x[0];
+        std::uint32_t least = x[0];
         for (int l = 1; l < W; ++l) least = x[l] < least ? x[l] : least;
         return least;
     } else {
@@ -97,12 +97,12 @@ auto least_of(V x) {
 }
 
 // Each address beside the one r places on, round the group: apart if a - b + reach, taken without a sign, is greater
-// than twice the reach. Of addresses near each other the lower 32 bits will do.
-template <class Unsigned, int W>
-bool group_apart(const std::intptr_t *list, Unsigned reach) {
-    typedef Unsigned Addresses __attribute__((vector_size(W * sizeof(Unsigned))));
+// than twice the reach.
+template <int W, class Bits>
+bool group_apart(const std::intptr_t *list, Bits reach) {
+    typedef Bits Addresses __attribute__((vector_size(W * sizeof(Bits))));
     Addresses a;
-    for (int l = 0; l < W; ++l) a[l] = static_cast<Unsigned>(list[l]);
+    for (int l = 0; l < W; ++l) a[l] = static_cast<Bits>(list[l]);
     const Addresses above = a + reach;
     return [&]<int... l>(std::integer_sequence<int, l...>) {
         Addresses least = ~Addresses{};
@@ -118,29 +118,25 @@ bool group_apart(const std::intptr_t *list, Unsigned reach) {
     }
     (std::make_integer_sequence<int, W>{});
 }
-template <class Unsigned>
-bool any_group_apart(const std::intptr_t *list, int width, std::intptr_t extent) {
-    const auto reach = static_cast<Unsigned>(extent - 1);
-    switch (width) {
-    case 2: return group_apart<Unsigned, 2>(list, reach);
-    case 4: return group_apart<Unsigned, 4>(list, reach);
-    case 8: return group_apart<Unsigned, 8>(list, reach);
-    case 16: return group_apart<Unsigned, 16>(list, reach);
-    default: return width < 2;
-    }
-}
 
 } // namespace
 
-bool list_group_apart(const std::intptr_t *list, int width, std::intptr_t extent, bool near) {
-    return near ? any_group_apart<std::uint32_t>(list, width, extent)
-                : any_group_apart<std::uintptr_t>(list, width, extent);
+bool list_group_apart(const std::intptr_t *list, int width, std::intptr_t extent) {
+    if (extent < 1 || extent > 1 << 30) return width < 2;
+    const auto reach = static_cast<std::uint32_t>(extent - 1);
+    switch (width) {
+    case 2: return group_apart<2>(list, reach);
+    case 4: return group_apart<4>(list, reach);
+    case 8: return group_apart<8>(list, reach);
+    case 16: return group_apart<16>(list, reach);
+    default: return width < 2;
+    }
 }
 
 bool group_is_fine(const LanePlan &plan, int first, int width) {
     const ListAlone &alone = plan.alone;
     if (alone.list == nullptr) return group_is_safe(plan, first, width);
-    return list_group_apart(alone.list + first, width, alone.extent, alone.near);
+    return list_group_apart(alone.list + first, width, alone.extent);
 }
 
 } // namespace SMX_ISA

@@ -14,8 +14,8 @@ SMX_DECLARE_LANES(bool, lists_apart, const std::intptr_t *a, const std::intptr_t
                   std::intptr_t extent_b)
 // Does every address lie at least `extent` bytes from the one before it?
 SMX_DECLARE_LANES(bool, list_neighbours_apart, const std::intptr_t *list, int count, std::intptr_t extent)
-// Does each of `width` addresses (a group) lie at least `extent` bytes from all others? Those of a list that is `near`
-// lie, with their objects, less than 1 GB from each other.
-SMX_DECLARE_LANES(bool, list_group_apart, const std::intptr_t *list, int width, std::intptr_t extent, bool near)
+// Does each of `width` addresses (a group) lie at least `extent` bytes from all others? Only the lower 32 bits of them
+// are looked at, so that addresses about a multiple of 4 GB apart may seem to meet, too.
+SMX_DECLARE_LANES(bool, list_group_apart, const std::intptr_t *list, int width, std::intptr_t extent)
 // group_is_safe(), with the usual doubt looked into here.
 SMX_DECLARE_LANES(bool, group_is_fine, const LanePlan &plan, int first, int width)
