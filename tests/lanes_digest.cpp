@@ -154,6 +154,39 @@ void overlaps(const Member &member) {
     }
 }
 
+bool is_listed(const Member &member, const Operand &o) {
+    return member.layout == Layout::list && o.array &&
+           (o.structure == Structure::matrix || o.structure == Structure::vector);
+}
+
+// Lists that hold an object twice, or one that lies across another, at every distance within a group: a result on a
+// result, and a result on another object's source.
+void listed_twice(const Member &member) {
+    const std::vector<Operand> &operands = member.row->operands;
+    for (const Operand &result : operands) {
+        if (result.source || !is_listed(member, result)) continue;
+        for (const Operand &other : operands) {
+            if (!is_listed(member, other) || (!other.source && other.name != result.name)) continue;
+            for (const int side : {3, 6})
+                for (int distance = 1; distance <= 15; ++distance) {
+                    const int E = member.element, ends = side * E, object = side * ends;
+                    const int offsets[] = {0, E, -E, ends - E, -object + E, object - E, object};
+                    const int offset = offsets[(distance + side) % 7];
+                    const int first = distance % 2 == 0 ? 16 : 31 - distance;
+                    Shape shape = shaped(side, 37, variations[distance % 3]);
+                    shape.object_gap = side + 2;
+                    Call call(member, shape);
+                    call.relist(result.name, first + distance, other.name, first, offset);
+                    report(member, shape,
+                           (result.name + " " + std::to_string(first + distance) + " on " + other.name + " " +
+                            std::to_string(first) + " moved " + std::to_string(offset))
+                               .c_str(),
+                           call);
+                }
+        }
+    }
+}
+
 void guard(const Member &member) {
     const std::size_t page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE)), room = 64 * page;
     for (const int side : {3, 4, 5, 6})
@@ -193,6 +226,7 @@ int main(int argc, char **argv) {
         if (only_plain) continue;
         values(member);
         overlaps(member);
+        listed_twice(member);
     }
     if (only_guard) std::puts("guarded");
     return 0;

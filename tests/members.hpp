@@ -91,6 +91,11 @@ public:
     // Lets one operand start where another one does, so many bytes further on.
     void overlap(const std::string &operand, const std::string &on, std::ptrdiff_t offset);
 
+    // Lets entry n of a listed operand be entry m of another one (or of its own list), so many bytes further on.
+    void relist(const std::string &operand, int n, const std::string &other, int m, std::ptrdiff_t offset) {
+        static_cast<void **>(pointer(operand))[n] = static_cast<char **>(pointer(other))[m] + offset;
+    }
+
     // Moves one operand's elements elsewhere; they take bytes(operand).
     void move(const std::string &operand, char *to);
     std::size_t bytes(const std::string &operand) const { return blocks_.at(operand).bytes; }
