@@ -161,8 +161,8 @@ struct MatrixProduct {
                 instruction_set() != InstructionSet::sequential && are_apart(a, d, side)) {
                 constexpr int size = sizeof(ElementOf<D>);
                 constexpr bool turned = is_transposed<A>;
-                return SMX_ON_LANES(one_product_lanes, a.base, turned ? size : a.stride1,
-                                       turned ? a.stride1 : size, b.base, b.stride1, d.base, d.stride1, size, side);
+                return SMX_ON_LANES(one_product_lanes, a.base, turned ? size : a.stride1, turned ? a.stride1 : size,
+                                    b.base, b.stride1, d.base, d.stride1, size, side);
             }
         }
         return objects<Tier>(a, w1.value, h1.value, b, w2.value, h2.value, d, 0, 1);
