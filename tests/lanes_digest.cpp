@@ -90,6 +90,18 @@ void mixtures(const Member &member) {
         }
 }
 
+// Elements at addresses that no element should have.
+void misaligned(const Member &member) {
+    for (const int side : {3, 5, 6})
+        for (const Variation &v : variations)
+            for (const int nudge : {1, member.element - 2}) {
+                Shape shape = shaped(side, 37, v);
+                shape.nudge = nudge;
+                Call call(member, shape);
+                report(member, shape, (std::string(v.name) + " nudged " + std::to_string(nudge)).c_str(), call);
+            }
+}
+
 // Matrices that are no squares.
 void oblong(const Member &member) {
     if (!takes_any_shape(*member.row)) return;
@@ -223,6 +235,7 @@ int main(int argc, char **argv) {
         plain(member);
         mixtures(member);
         oblong(member);
+        misaligned(member);
         if (only_plain) continue;
         values(member);
         overlaps(member);

@@ -257,7 +257,7 @@ void Call::place(const Operand &o) {
                                        (e.columns - 1) * b.stride2 + size);
     // Room for the operand to be moved over by an overlap, and canaries on both sides.
     memory_.resize((memory_.size() + canary + 15) / 16 * 16, 0xa5);
-    b.begin = memory_.size();
+    b.begin = memory_.size() + static_cast<std::size_t>(dense ? 0 : shape_.nudge);
     memory_.resize(b.begin + b.bytes + canary, 0xa5);
     blocks_[o.name] = b;
 }

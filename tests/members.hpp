@@ -73,6 +73,7 @@ struct Shape {
     bool shuffled = false; // lists and pointer tables in no order
     int mixed = 0;         // not 0: each operand has its own gaps, dealt out anew for each number
     int shift = 0;         // ROI shift, in elements
+    int nudge = 0;         // bytes by which matrices and vectors miss the alignment of their elements
     unsigned seed = 1;
     enum class Values { definite, random, integers, special, singular_middle } values = Values::definite;
 };
