@@ -89,6 +89,7 @@ int combine(const LanePlan &plan, double factor1, double factor2, int first) {
 } // namespace
 
 int combination_lanes(const LanePlan &plan, double factor1, double factor2, int first) {
+    if (first >= plan.count) return first;
     return plan.sources == 2 ? combine<true>(plan, factor1, factor2, first)
                              : combine<false>(plan, factor1, factor2, first);
 }

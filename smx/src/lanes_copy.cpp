@@ -148,6 +148,7 @@ int copy(const LanePlan &plan, int first) {
 } // namespace
 
 int copy_lanes(const LanePlan &plan, int first) {
+    if (first >= plan.count) return first;
     return plan.result[0].element == sizeof(float) ? copy<float>(plan, first) : copy<double>(plan, first);
 }
 

@@ -89,6 +89,7 @@ int sum(const LanePlan &plan, int first) {
 } // namespace
 
 int matrix_sum_lanes(const LanePlan &plan, bool minus, int first) {
+    if (first >= plan.count) return first;
     return minus ? sum<Subtract>(plan, first) : sum<Add>(plan, first);
 }
 

@@ -181,6 +181,7 @@ int by_form(const LanePlan &plan, double value, int first) {
 } // namespace
 
 int vector_arithmetic_lanes(const LanePlan &plan, Arithmetic operation, double constant, int first) {
+    if (first >= plan.count) return first;
     switch (operation) {
     case Arithmetic::add: return by_form<Arithmetic::add>(plan, constant, first);
     case Arithmetic::subtract: return by_form<Arithmetic::subtract>(plan, constant, first);
