@@ -722,10 +722,10 @@ template <class T, int at_once = 1, class Body>
 [[gnu::always_inline]] inline int each_group(const LanePlan &plan, int first, Body body) {
     constexpr int W = at_once * Pack<T>::width;
     const int count = plan.count;
-    const bool by_group = is_in_doubt(plan);
+    const bool watched = plan.watched && begins_groups(plan);
     int n = first;
     for (; n + W <= count; n += W) {
-        if (by_group && !group_is_fine(plan, n, W)) break;
+        if (watched && !begin_group(plan, n, W)) break;
         if (!body(n)) break;
     }
     return n;
@@ -878,6 +878,12 @@ template <class T, int L, class F, class... Starts>
 #pragma GCC unroll 40
     for (int k = 0; k < vectors; ++k)
         std::memcpy(const_cast<Byte *>(d + (k == vectors - 1 ? bytes - wide : k * wide)), &result[k], wide);
+}
+
+// Runs through memory are faster in small steps, by a tenth to a fifth: the processor fetches further ahead. The wider
+// sets leave them to the narrowest.
+constexpr bool leaves_run(std::ptrdiff_t bytes) {
+    return pack_bytes > 16 && bytes >= far_bytes;
 }
 
 // `bytes` of adjacent elements, whatever objects they belong to. apply(x...) is given packs or single elements.

@@ -34,6 +34,15 @@ constexpr unsigned doubt_source(int result, int source) {
 constexpr unsigned doubt_results(int result, int earlier) {
     return 1u << (20 + 3 * (result - 1) + earlier);
 }
+constexpr unsigned far_source(int source) {
+    return 1u << source;
+}
+constexpr unsigned far_result(int result) {
+    return 1u << (4 + result);
+}
+
+// An operand of so many bytes is more than the caches hold.
+constexpr std::ptrdiff_t far_bytes = 8 << 20;
 
 struct LaneSource {
     LaneOperand operand;
@@ -52,7 +61,9 @@ struct LanePlan {
     int sources;
     int results;
     int count;
-    int groups; // of the widest lanes, that may be loaded before any of them is stored
+    int groups;   // of the widest lanes, that may be loaded before any of them is stored
+    bool watched; // begin_group() may have something to do
+    unsigned far; // operands whose lines are touched ahead of a group, a bit each: see begin_group()
     // Lists are looked through by the first loop that needs to know more about them than it can see on its way.
     mutable Verdict verdict;
     mutable unsigned doubts;
@@ -67,8 +78,12 @@ bool lists_are_in_doubt(const LanePlan &plan);
 inline bool is_in_doubt(const LanePlan &plan) {
     return plan.verdict == Verdict::by_group && lists_are_in_doubt(plan);
 }
+// Has begin_group() to be called ahead of each group?
+bool begins_groups(const LanePlan &plan);
 // May the objects first .. first + width - 1 be loaded before any of them is stored?
 bool group_is_safe(const LanePlan &plan, int first, int width);
+// Reads a byte of each line of the objects first .. first + width - 1, of the operands that are far.
+void touch_group(const LanePlan &plan, int first, int width);
 // The first object from `first` on that may not be loaded whole before it is stored.
 int safe_alone_until(const LanePlan &plan, int first);
 // Are the objects from `first` on fine one by one although the sequential kernel takes them in pairs?

@@ -17,5 +17,7 @@ SMX_DECLARE_LANES(bool, list_neighbours_apart, const std::intptr_t *list, int co
 // Does each of `width` addresses (a group) lie at least `extent` bytes from all others? Only the lower 32 bits of them
 // are looked at, so that addresses about a multiple of 4 GB apart may seem to meet, too.
 SMX_DECLARE_LANES(bool, list_group_apart, const std::intptr_t *list, int width, std::intptr_t extent)
-// group_is_safe(), with the usual doubt looked into here.
-SMX_DECLARE_LANES(bool, group_is_fine, const LanePlan &plan, int first, int width)
+// Ahead of a group of a plan that is watched: may it be loaded before it is stored? Groups are loaded chunk by chunk
+// across their objects. The processor does not see that large ones are a stream through memory, so they are touched
+// from end to end first.
+SMX_DECLARE_LANES(bool, begin_group, const LanePlan &plan, int first, int width)

@@ -29,10 +29,10 @@ bool packed(const LaneOperand &o) {
 template <class Op, class T>
 int flat(const LanePlan &plan, int first) {
     const LaneOperand &d = plan.result[0];
-    const std::ptrdiff_t done = first * d.stride0;
-    run_of_elements<T>([](auto x, auto y) { return Op::apply(x, y); }, at(d.base, done),
-                       (plan.count - first) * d.stride0, at(plan.source[0].operand.base, done),
-                       at(plan.source[1].operand.base, done));
+    const std::ptrdiff_t done = first * d.stride0, bytes = (plan.count - first) * d.stride0;
+    if (leaves_run(bytes)) return first;
+    run_of_elements<T>([](auto x, auto y) { return Op::apply(x, y); }, at(d.base, done), bytes,
+                       at(plan.source[0].operand.base, done), at(plan.source[1].operand.base, done));
     return plan.count;
 }
 

@@ -139,6 +139,7 @@ int compute(const LanePlan &plan, const LaneOperand &b, int first) {
     const bool one_constant = second == Second::constants && b.single;
     if (packed(a) && packed(d) && (one_constant || (packed(b) && (second == Second::vectors || d.columns == 1)))) {
         const std::ptrdiff_t done = first * d.stride0, bytes = (plan.count - first) * d.stride0;
+        if (leaves_run(bytes)) return first;
         const Byte *const x = at(a.base, done), *const z = at(d.base, done);
         if (one_constant) run<operation, T, false>(x, x, *static_cast<const T *>(b.base), z, bytes);
         else run<operation, T, true>(x, at(b.base, done), T(0), z, bytes);
