@@ -136,8 +136,8 @@ int copy(const LanePlan &plan, int first) {
     if (by_rows(s) && by_rows(d)) {
         const WholeBlock block = dense(s) && dense(d) ? whole(plan, first) : WholeBlock{};
         if (block.bytes == 0) return blocks(plan, first);
-        if (leaves_run(block.bytes)) return first;
         if (block.bytes < far_bytes) std::memcpy(writable(block.to), block.from, static_cast<std::size_t>(block.bytes));
+        else if (leaves_run(block.bytes)) return first;
         else run_of_elements<T>([](auto x) { return x; }, block.to, block.bytes, block.from);
         return plan.count;
     }

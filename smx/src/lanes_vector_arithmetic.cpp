@@ -123,7 +123,7 @@ SMX_LANE_LOOP int groups(const LanePlan &plan, const LaneOperand &b, int first) 
 template <Arithmetic operation, class T, Second second>
 int long_objects(const LanePlan &plan, const LaneOperand &b, int first) {
     const LaneOperand &a = plan.source[0].operand, &d = plan.result[0];
-    if (d.columns < Pack<T>::width || is_in_doubt(plan)) return first;
+    if (d.columns < Pack<T>::width || leaves_run(d.columns * d.stride2) || is_in_doubt(plan)) return first;
     if (!adjacent(a) || !adjacent(d) || !adjacent(b)) return first;
     const ObjectStarts x(a), y(b), z(d);
     for (int n = first; n < plan.count; ++n) {
