@@ -17,6 +17,10 @@ inline namespace SMX_ISA {
 
 using Byte = char;
 
+// Four floats or two doubles: where little is computed, to bring them into lanes takes longer than one object after the
+// other.
+constexpr bool few_lanes = pack_bytes == 16;
+
 inline const Byte *at(const void *base, std::ptrdiff_t offset) {
     return reinterpret_cast<const Byte *>(reinterpret_cast<std::uintptr_t>(base) + static_cast<std::uintptr_t>(offset));
 }
@@ -747,7 +751,7 @@ template <class T, Known... layouts, class Body, class... Operands>
     int done = first;
     [[maybe_unused]] const auto as = [&]<Known known>(Fixed<known>) __attribute__((always_inline)) {
         // Beside what narrow packs do not save, a decision is little; the code for each layout would be much.
-        if constexpr (pack_bytes == 16) return false;
+        if constexpr (few_lanes) return false;
         const bool fits = (is_known(operands, known) && ...);
         if (fits) done = each_group_known<known, T>(plan, first, body, operands...);
         return fits;

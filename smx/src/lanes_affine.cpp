@@ -7,6 +7,7 @@ namespace smx {
 inline namespace SMX_ISA {
 
 SMX_LANE_LOOP int affine_lanes(const LanePlan &plan, bool *bad, int first) {
+    if constexpr (few_lanes) return first;
     using Num = Pack<float>;
     const LaneAccess<float, 4, 4> matrix(plan.source[0].operand);
     const LaneAccess<float, 1, 3> src(plan.source[1].operand), dst(plan.result[0]);

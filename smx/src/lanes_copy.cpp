@@ -127,6 +127,7 @@ SMX_LANE_LOOP int transposed_squares(const LanePlan &plan, int first) {
             };
             return each_object_of<T>(plan, first, transpose, s.o, d.o);
         }
+    if (!masked_ends && s.way == Access::Way::rows && d.way == Access::Way::rows) return first;
     return packs<T, N, N>(plan, first);
 }
 

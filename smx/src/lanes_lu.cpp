@@ -160,11 +160,13 @@ SMX_LANE_LOOP int solve(const LanePlan &plan, const int *pivots, const void *rec
 } // namespace
 
 int lu_decompose_lanes(const LanePlan &plan, int *pivots, int side, int first) {
+    if (few_lanes && plan.result[0].element == sizeof(double)) return first;
     return by_type_and_side(plan, plan.result[0].element, side, first, [&](auto zero, auto s) {
         return decompose<decltype(zero), decltype(s)::value>(plan, pivots, first);
     });
 }
 int lu_solve_lanes(const LanePlan &plan, const int *pivots, const void *reciprocals, int side, int first) {
+    if constexpr (few_lanes) return first;
     return by_type_and_side(plan, plan.result[0].element, side, first, [&](auto zero, auto s) {
         return solve<decltype(zero), decltype(s)::value>(plan, pivots, reciprocals, first);
     });

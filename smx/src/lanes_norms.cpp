@@ -76,6 +76,7 @@ SMX_LANE_LOOP int trace(const LanePlan &plan, int first) {
 } // namespace
 
 int norm_lanes(const LanePlan &plan, bool pairs, bool cuts_off, int first) {
+    if constexpr (few_lanes) return first;
     const LaneOperand &o = plan.source[0].operand;
     return by_type_and_side(plan, plan.result[0].element, o.columns, first, [&](auto zero, auto side) {
         using T = decltype(zero);

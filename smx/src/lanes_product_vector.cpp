@@ -100,8 +100,10 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
     const bool by_columns = dst.way == Vectors::Way::rows && (!adds || added.way == Vectors::Way::rows) &&
                             vector.o.addressing != Addressing::pointers;
     if (matrix.o.single) {
-        if (by_columns && !(vector.packed && added.packed && dst.packed && (sizeof(T) == 4 || N == 3)))
+        const bool packed = vector.packed && added.packed && dst.packed;
+        if (by_columns && (few_lanes || !packed || (sizeof(T) == 8 && N != 3)))
             return one_matrix<T, N, from_zero, adds>(plan, first);
+        if constexpr (few_lanes) return first;
         Num a[N * N];
         matrix.load(0, a);
         return each_group_by<T, Known::packed, Known::planes>(
@@ -114,6 +116,9 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
     if constexpr (masked_ends) {
         const bool in_registers = matrix.way == Matrices::Way::rows && matrix.dense && !matrix.o.transposed;
         if (by_columns && in_registers) return product_by_columns<T, N, from_zero, adds>(plan, first);
+    } else if (few_lanes || (sizeof(T) == 8 && matrix.way == Matrices::Way::rows &&
+                          matrix.o.addressing == Addressing::strided)) {
+        return first;
     }
     return each_group_by<T, Known::planes>(
         plan, first,

@@ -95,6 +95,7 @@ SMX_LANE_LOOP int objects(const LanePlan &plan, const LaneOperand &b, int first)
 // Structures of arrays.
 template <Arithmetic operation, class T, int N, Second second>
 SMX_LANE_LOOP int groups(const LanePlan &plan, const LaneOperand &b, int first) {
+    if constexpr (few_lanes) return first;
     using Access = LaneAccess<T, 1, N>;
     const Access a(plan.source[0].operand), d(plan.result[0]), vectors(b);
     const LaneAccess<T, 1, 1> numbers(b);

@@ -75,6 +75,7 @@ SMX_LANE_LOOP int cross(const LanePlan &plan, int first) {
                 },
                 a.o, b.o, dst.o);
     }
+    if (sizeof(T) == 8 && (a.o.addressing == Addressing::list || b.o.addressing == Addressing::list)) return first;
     using enum Known;
     return each_group_by<T, packed, strided, listed, planes>(
         plan, first,
@@ -109,6 +110,7 @@ SMX_LANE_LOOP int cross(const LanePlan &plan, int first) {
 } // namespace
 
 int dot_product_lanes(const LanePlan &plan, bool tail_second, int first) {
+    if constexpr (few_lanes) return first;
     return by_type_and_side(
         plan, plan.result[0].element, plan.source[0].operand.columns, first, [&](auto zero, auto side) {
             using T = decltype(zero);
@@ -119,6 +121,7 @@ int dot_product_lanes(const LanePlan &plan, bool tail_second, int first) {
         });
 }
 int cross_product_lanes(const LanePlan &plan, int first) {
+    if constexpr (few_lanes) return first;
     return plan.result[0].element == sizeof(float) ? cross<float>(plan, first) : cross<double>(plan, first);
 }
 
