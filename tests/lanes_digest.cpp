@@ -119,7 +119,7 @@ void misaligned(const Member &member) {
 // Matrices that are no squares.
 void oblong(const Member &member) {
     if (!takes_any_shape(*member.row)) return;
-    for (const auto &[height, width] : {std::pair{3, 2}, {6, 4}, {7, 1}, {9, 9}, {2, 9}})
+    for (const auto &[height, width] : {std::pair{3, 2}, {1, 4}, {6, 4}, {7, 1}, {9, 9}, {2, 9}})
         for (const Variation &v : variations)
             for (const int count : counts(member, {41, 150})) {
                 if (width > height && member.row->name.rfind("QR", 0) == 0) continue;

@@ -177,7 +177,11 @@ SMX_API SmxStatus smxLUBackSubst_mava_64f_L(const double *const *src1, int src1R
  *   Bound      0, with these exceptions: 2^-23 for both types in the pointer layout at side 3; 2^-52 in the strided form
  *              for arrays of double with a Stride2 that is not the element size, at side 6 and all sides but 3 to 5. It
  *              is absolute. smxCholeskyDecomp_m_32f_P and _64f_P at side 3 let a not-a-number radicand pass in the last
- *              row. */
+ *              row.
+ *   Checks     null, count, size, strides, shifts; without count in m. smxStsNullPtrErr, smxStsCountMatrixErr,
+ *              smxStsSizeErr, smxStsStrideMatrixErr, smxStsRoiShiftMatrixErr.
+ *   Threads    where n * n * count is above 2000; 7500 in the strided layout of float; 720 in _L of double with adjacent
+ *              elements. */
 SMX_API SmxStatus smxCholeskyDecomp_m_32f(const float *src, int srcStride1, int srcStride2, float *dst, int dstStride1,
                                           int dstStride2, int widthHeight);
 SMX_API SmxStatus smxCholeskyDecomp_m_32f_P(const float *const *src, int srcRoiShift, float *const *dst,
@@ -208,7 +212,11 @@ SMX_API SmxStatus smxCholeskyDecomp_ma_64f_L(const double *const *src, int srcRo
  *
  *   src1       n by n, only the lower triangle with the inverted diagonal is read (mv, mva: one for all vectors).
  *   src2, dst  right-hand sides and solutions of length n. dst may be src2.
- *   Status     nothing fails after the entry checks: what src1 holds is taken as it stands. */
+ *   Status     nothing fails after the entry checks: what src1 holds is taken as it stands.
+ *   Checks     as for smxCholeskyDecomp; but mva_L: null, strides, shifts, size, count.
+ *   Threads    mva: where n * (n + 2 * count) is above 720; 1200 in the strided layout of float. mava: where
+ *              (n * n + 2 * n) * count is above 1700; 2050 in the strided layout of float with adjacent elements and in
+ *              _P of double. */
 SMX_API SmxStatus smxCholeskyBackSubst_mv_32f(const float *src1, int src1Stride1, int src1Stride2, const float *src2,
                                               int src2Stride2, float *dst, int dstStride2, int widthHeight);
 SMX_API SmxStatus smxCholeskyBackSubst_mv_32f_P(const float *const *src1, int src1RoiShift, const float *const *src2,
@@ -273,7 +281,11 @@ SMX_API SmxStatus smxCholeskyBackSubst_mava_64f_L(const double *const *src1, int
  *              from the diagonal down, is below 2^-23 (float) or 2^-52 (double) or not a number: an absolute bound on
  *              the square. dst holds the matrix after the reflections before it then; in an array the matrices before
  *              are complete, those after it in the same thread's share are untouched. The last column of a square
- *              matrix is not tested: a dependence that shows only there gives status 0 and a tiny or zero R[n-1][n-1]. */
+ *              matrix is not tested: a dependence that shows only there gives status 0 and a tiny or zero R[n-1][n-1].
+ *   Checks     null (src, buffer, dst), count, size, strides, shifts, and the match of width and height last.
+ *              smxStsNullPtrErr, smxStsCountMatrixErr, smxStsSizeErr, smxStsStrideMatrixErr, smxStsRoiShiftMatrixErr,
+ *              smxStsSizeMatchMatrixErr.
+ *   Threads    where 2 * width * height * count is above 2800; 1800 in _P and _L. */
 SMX_API SmxStatus smxQRDecomp_m_32f(const float *src, int srcStride1, int srcStride2, float *buffer, float *dst,
                                     int dstStride1, int dstStride2, int width, int height);
 SMX_API SmxStatus smxQRDecomp_m_32f_P(const float *const *src, int srcRoiShift, float *buffer, float *const *dst,
@@ -308,7 +320,10 @@ SMX_API SmxStatus smxQRDecomp_ma_64f_L(const double *const *src, int srcRoiShift
  *   src2, dst  right-hand sides of length height, solutions of length width. dst may be src2.
  *   buffer     as for smxQRDecomp; squares of sides 3 to 6 do not use it, but it must not be null.
  *   Status     smxStsSizeMatchMatrixErr if width > height. Nothing else fails after the entry checks: a zero on the
- *              diagonal of R gives infinities or not-a-numbers with status 0. */
+ *              diagonal of R gives infinities or not-a-numbers with status 0.
+ *   Checks     as for smxQRDecomp; null: src1, buffer, src2, dst.
+ *   Threads    where width * height + (width + height) * count (mva) or (width * height + width + height) * count (mava)
+ *              is above 2800; 1800 in _P and _L. */
 SMX_API SmxStatus smxQRBackSubst_mv_32f(const float *src1, int src1Stride1, int src1Stride2, float *buffer,
                                         const float *src2, int src2Stride2, float *dst, int dstStride2, int width,
                                         int height);
@@ -377,7 +392,11 @@ SMX_API SmxStatus smxQRBackSubst_mava_64f_L(const double *const *src1, int src1R
  *   buffer     n * n * sizeof(element) + n * sizeof(int) bytes, not null even at sides 3 to 6, which do not use it. An
  *              array needs no more. A call that runs on several threads leaves it alone and takes scratch of its own.
  *   Status     a singular matrix is no error: nothing fails after the entry checks. The zero of an array form may be
- *              negative, and not-a-number if the product of the pivots before the failing one has overflowed. */
+ *              negative, and not-a-number if the product of the pivots before the failing one has overflowed, or if the
+ *              element that stands last then is infinite.
+ *   Checks     null (src, buffer, dstDet), count, size, strides, shifts; without count in m. smxStsNullPtrErr,
+ *              smxStsCountMatrixErr, smxStsSizeErr, smxStsStrideMatrixErr, smxStsRoiShiftMatrixErr.
+ *   Threads    where n * count is above 20000; 40000 in _L of float with adjacent elements. */
 SMX_API SmxStatus smxDet_m_32f(const float *src, int srcStride1, int srcStride2, int widthHeight, float *buffer,
                                float *dstDet);
 SMX_API SmxStatus smxDet_m_32f_P(const float *const *src, int srcRoiShift, int widthHeight, float *buffer,
@@ -407,18 +426,23 @@ SMX_API SmxStatus smxDet_ma_64f_L(const double *const *src, int srcRoiShift, int
  *   In place   dst may be src, with the same strides, at sides 1 and 3 to 6. At all others the result is wrong then.
  *   Status     smxStsSingularErr if the magnitude of the determinant is below 2 n n n times the smallest normal number
  *              of the type (at or below it at side 1, 2 and from 7 on) or not a number; nothing of that matrix is
- *              written. In an array the matrices before it are complete, those after it in the same thread's share are
- *              untouched. Exceptions: a not-a-number element of side 1 gives not-a-number and status 0 in smxInvert_m,
+ *              written, but at side 2 and from 7 on an earlier pivot may end the process first: see below. In an array the
+ *              matrices before it are complete, those after it in the same thread's share are untouched. Exceptions: a not-a-number element of side 1 gives not-a-number and status 0 in smxInvert_m,
  *              and so does a not-a-number determinant at sides 4, 5 and 6 of smxInvert_m_32f and _64f if Stride2 is the
  *              element size.
  *   Accuracy   at side 2 and from 7 on a cofactor that is zero counts as the tolerance: instead of exact zeros the
  *              result has elements of about 1e-37 (float) or 1e-307 (double).
  *
+ *   Checks     as for smxDet; null: src, buffer, dst.
+ *   Threads    where 2 * n * count is above 20000; 40000 in _L of float where every Stride2 is the element size. Never
+ *              at side 1.
+ *
  * BEWARE of side 2 and of 7 and above: if a pivot before the last one is that small (a matrix whose first column is
- * zero, say), these functions store a zero through a null pointer, which ends the process with a memory fault. All
- * members can, but smxInvert_ma_32f_P and smxInvert_ma_64f_P, which return smxStsSingularErr and test the last pivot in
- * place of the determinant. Where a matrix may be singular, ask smxDet first: it has the same pivots, fails nowhere, and
- * gives 0. */
+ * zero, say) or not a number, these functions store a zero through a null pointer, which ends the process with a memory
+ * fault. All members can, but smxInvert_ma_32f_P and smxInvert_ma_64f_P, which return smxStsSingularErr and test the last
+ * pivot in place of the determinant. Where such a matrix may come, use those two; a count of 1 will do. At side 2 a
+ * determinant from smxDet that is neither 0 nor a not-a-number is as good a proof. From side 7 on it proves nothing: the
+ * pivots of smxDet and smxLUDecomp are rounded in another way. */
 SMX_API SmxStatus smxInvert_m_32f(const float *src, int srcStride1, int srcStride2, float *buffer, float *dst,
                                   int dstStride1, int dstStride2, int widthHeight);
 SMX_API SmxStatus smxInvert_m_32f_P(const float *const *src, int srcRoiShift, float *buffer, float *const *dst,

@@ -3,7 +3,7 @@
 //
 //   Shapes    width and height are those of the result; a transposed source is stored with width rows.
 //   Order     objects, rows and columns ascending, each element read and written before the next one is read; but
-//             Extract from an array of pointer objects takes one pointer after the other, and its element of all objects
+//             Extract va and ma from the pointer layout take one pointer after the other, and its element of all objects
 //             in turn. LoadIdentity sets a row to 0 before it writes the row's 1.
 //   Status    always 0.
 //   In place  a destination that overlaps the source shows the order above. Blocks are copied only where nobody can tell.
@@ -109,12 +109,13 @@ struct Extract : Moves {
     template <class A, class T>
     static SmxStatus extract(const A &a, T *dst, int height, int width, int count) {
         const Dense<T> d(dst, height, width);
-        if constexpr (is_pointers<A>)
+        // ta keeps the usual order.
+        if constexpr (is_pointers<A> && !is_transposed<A>)
             if (count > 1 && (width > 6 || height > 6 || !apart(a, d, height * width, count))) {
                 for (int i = 0; i < height; ++i)
                     for (int j = 0; j < width; ++j)
                         for (int n = 0; n < count; ++n)
-                            d.object(n)(i, j) = a.object(n, is_transposed<A> ? height : width)(i, j);
+                            d.object(n)(i, j) = a.object(n, width)(i, j);
                 return smxStsNoErr;
             }
         return move(a, d, height, width, count);

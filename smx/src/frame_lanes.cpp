@@ -100,11 +100,6 @@ bool fine_in_place(const LaneSource &source, const LaneOperand &d) {
            (source.same_object == SameObject::identical && same_addresses(source.operand, d) && elements_apart(d));
 }
 
-Address object_address(const LaneOperand &o, int n) {
-    if (o.addressing == Addressing::list) return entry(o, n);
-    return reinterpret_cast<Address>(o.base) + (o.single ? 0 : n * o.stride0);
-}
-
 const Address *addresses(const LaneOperand &list) {
     return reinterpret_cast<const Address *>(list.table);
 }
@@ -115,16 +110,17 @@ struct Span {
     bool ascends;
 };
 Span span(const LaneOperand &o, int count) {
+    if (o.addressing != Addressing::list) {
+        const Footprint f = footprint(o);
+        return {f.low, f.low + (count - 1) * f.stride0 + f.extent, false};
+    }
     const ptrdiff_t extent = strided_extent(o);
-    Address low = object_address(o, 0), high = o.single ? low : object_address(o, count - 1);
-    bool ascends = false;
-    if (o.addressing == Addressing::list) {
-        ascends = SMX_ON_LANES(list_ascends, addresses(o), count, extent);
-        if (!ascends) {
-            SMX_ON_LANES(list_bounds, addresses(o), count, low, high);
-            low += o.shift;
-            high += o.shift;
-        }
+    Address low = entry(o, 0), high = entry(o, count - 1);
+    const bool ascends = SMX_ON_LANES(list_ascends, addresses(o), count, extent);
+    if (!ascends) {
+        SMX_ON_LANES(list_bounds, addresses(o), count, low, high);
+        low += o.shift;
+        high += o.shift;
     }
     return {low, high + extent, ascends};
 }
@@ -132,7 +128,6 @@ Span span(const LaneOperand &o, int count) {
 // Source and result objects of a whole call, at least one of them a list. Settles the usual cases: all sources away
 // from all results, both in ascending order side by side (fields of the same structs, say), or in place.
 bool list_pair_is_safe(const LaneOperand &s, const LaneOperand &d, const Span &all_d, bool in_place_fine, int count) {
-    if (s.addressing == Addressing::pointers || d.addressing == Addressing::pointers) return false;
     const Span all_s = span(s, count);
     if (all_s.high <= all_d.low || all_d.high <= all_s.low) return true;
     if (s.addressing != Addressing::list || d.addressing != Addressing::list) return false;
@@ -294,7 +289,7 @@ void touch_group(const LanePlan &plan, int first, int width) {
     };
     const auto touch = [&](const LaneOperand &o) {
         const ptrdiff_t bytes = strided_extent(o);
-        const Address at = object_address(o, first);
+        const Address at = reinterpret_cast<Address>(o.base) + first * o.stride0;
         if (o.stride0 == bytes) return touch_run(at, width * bytes);
         for (int l = 0; l < width; ++l) touch_run(at + l * o.stride0, bytes);
     };
@@ -314,12 +309,14 @@ ptrdiff_t apart_sign(Address a, ptrdiff_t extent_a, Address b, ptrdiff_t extent_
 }
 
 bool meets_no_other(const LaneOperand &s, const LaneOperand &d, bool in_place_fine, int first, int width) {
-    const ptrdiff_t extent_s = strided_extent(s), extent_d = strided_extent(d);
+    const auto find = [first, width](const LaneOperand &o, Address(&object)[most_lanes]) {
+        const bool listed = o.addressing == Addressing::list;
+        const Footprint f = listed ? Footprint{0, strided_extent(o), 0} : footprint(o);
+        for (int l = 0; l < width; ++l) object[l] = listed ? entry(o, first + l) : f.low + (first + l) * f.stride0;
+        return f.extent;
+    };
     Address from[most_lanes], to[most_lanes];
-    for (int l = 0; l < width; ++l) {
-        from[l] = object_address(s, first + l);
-        to[l] = object_address(d, first + l);
-    }
+    const ptrdiff_t extent_s = find(s, from), extent_d = find(d, to);
     ptrdiff_t signs = -1;
     for (int l = 0; l < width; ++l)
         for (int m = 0; m < width; ++m)

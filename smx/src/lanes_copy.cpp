@@ -146,7 +146,7 @@ int copy(const LanePlan &plan, int first) {
         plan, first, [](auto x) { return x; }, d, s);
     int done = first;
     with_side(d.columns, [&]<int N>(Side<N>) {
-        if (d.rows == 1) done = packs<T, 1, N>(plan, first);
+        if (d.rows == 1 && !s.transposed) done = packs<T, 1, N>(plan, first);
         else if (d.rows == N && s.transposed) done = transposed_squares<T, N>(plan, first);
         else if (d.rows == N) done = packs<T, N, N>(plan, first);
     });
