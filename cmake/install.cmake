@@ -15,7 +15,7 @@ install(
 
 # find_package(smx): the library is complete, so its user needs no OpenMP.
 install(EXPORT smx NAMESPACE smx:: FILE smx-config.cmake DESTINATION ${smx_cmake_dir} COMPONENT smx_development)
-write_basic_package_version_file(${PROJECT_BINARY_DIR}/smx-config-version.cmake COMPATIBILITY SameMinorVersion)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/smx-config-version.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/smx-config-version.cmake DESTINATION ${smx_cmake_dir} COMPONENT smx_development)
 
 # pkg-config: the prefix is found from the file's own place, so the tree may be moved, or installed with --prefix.

@@ -222,8 +222,8 @@ void guard(const Member &member, const Shape &shape) {
             if (o.structure == Structure::size || o.structure == Structure::count || o.structure == Structure::value)
                 continue;
             const std::size_t bytes = call.bytes(o.name), room = (bytes + page - 1) / page * page;
-            char *const region = static_cast<char *>(
-                mmap(nullptr, room + 2 * page, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+            char *const region =
+                static_cast<char *>(mmap(nullptr, room + 2 * page, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
             mprotect(region + page, room, PROT_READ | PROT_WRITE);
             call.move(o.name, at_end ? region + page + room - bytes : region + page);
             regions.emplace_back(region, room + 2 * page);

@@ -290,7 +290,7 @@ void Call::fill(const Operand &o) {
             for (int j = 0; j < e.columns; ++j) {
                 double value = uniform(random);
                 // Symmetric and diagonally dominant, so that every factorization and eigenproblem is well posed.
-                if (shape_.values == Shape::Values::definite && e.rows > 1) {
+                if (shape_.values == Shape::Values::definite && o.structure == Structure::matrix) {
                     value = 0.5 * std::sin(1.0 + n * 3.7 + shape_.seed + (i + 1) * (j + 1) * 1.3);
                     if (i == j) value += 2 * e.columns + 0.25 * i;
                 }

@@ -10,6 +10,8 @@
 
 #include "members.hpp"
 
+extern "C" int threads_omp_of_n_smk;
+
 namespace {
 
 std::vector<std::string> lines_of(const std::string &environment, const std::string &options) {
@@ -47,6 +49,29 @@ TEST(Lanes, EveryThreadCountGivesTheSameBits) {
     for (const char *threads : {"2", "3", "4"}) {
         SCOPED_TRACE(threads);
         expect_same(one, lines_of(std::string("OMP_NUM_THREADS=") + threads, "--plain"));
+    }
+}
+
+// Whatever its bound is: every driver, over the real kernels, in shares that are no multiple of a group.
+TEST(Lanes, EveryDriverGivesTheBitsOfTheSequentialCall) {
+    using namespace members;
+    for (const Member &member : all()) {
+        if (!member.row->array() || symbol(member.driver()) == nullptr) continue;
+        for (const int size : {3, 5})
+            for (const int threads : {2, 3, 4}) {
+                Shape shape;
+                shape.size = size;
+                shape.count = 59;
+                shape.object_gap = threads - 2;
+                shape.shuffled = threads == 4;
+                Call alone(member, shape), shared(member, shape);
+                threads_omp_of_n_smk = 1;
+                ASSERT_EQ(alone.run(), 0) << member.name();
+                threads_omp_of_n_smk = threads;
+                EXPECT_EQ(shared.run_driver(), 0) << member.name();
+                threads_omp_of_n_smk = 1;
+                EXPECT_TRUE(shared.memory() == alone.memory()) << member.name() << " on " << threads << " threads";
+            }
     }
 }
 

@@ -24,7 +24,7 @@ TEST(Replaced, IsCalledForEachObject) {
         Call call(find(c.member), shape);
         *calls = 0;
         call.run();
-        // This one product has a general path of its own.
+        // This member alone has a general path of its own.
         EXPECT_EQ(*calls, std::string(c.member) == "smxSub_mata_64f_L" ? 0 : 41) << c.member;
     }
 }

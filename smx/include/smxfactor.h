@@ -168,7 +168,7 @@ SMX_API SmxStatus smxLUBackSubst_mava_64f_L(const double *const *src1, int src1R
  *   src, dst   n by n. Only lower triangles with the diagonal are read and written: symmetry is not tested, and the
  *              upper triangle of dst keeps what it held. dst[i][j] = L[i][j] for j < i, dst[i][i] = 1 / L[i][i].
  *   Strides    bytes: Stride0 from matrix to matrix, Stride1 from row to row, Stride2 from element to element.
- *   In place   dst may be src, with the same strides.
+ *   Overlap    dst may be src, with the same strides. Nothing else may overlap.
  *   Status     smxStsNotPosDefErr at the first row i whose radicand, A[i][i] minus the squares of L[i][j] for j < i, is
  *              at or below a bound or not a number. Rows before i and L[i][j] for j < i are written then; in the pointer
  *              layout at sides 3 to 6 nothing of row i, and not row 0 either when row 1 fails a single matrix of side 3,
@@ -211,7 +211,8 @@ SMX_API SmxStatus smxCholeskyDecomp_ma_64f_L(const double *const *src, int srcRo
 /* Solution of A x = b from the factor that smxCholeskyDecomp left: L y = b, then Lt x = y. No division happens.
  *
  *   src1       n by n, only the lower triangle with the inverted diagonal is read (mv, mva: one for all vectors).
- *   src2, dst  right-hand sides and solutions of length n. dst may be src2.
+ *   src2, dst  right-hand sides and solutions of length n.
+ *   Overlap    dst may be src2, with the same strides. Nothing else may overlap.
  *   Status     nothing fails after the entry checks: what src1 holds is taken as it stands.
  *   Checks     as for smxCholeskyDecomp; but mva_L: null, strides, shifts, size, count.
  *   Threads    mva: where n * (n + 2 * count) is above 720; 1200 in the strided layout of float. mava: where
@@ -276,7 +277,7 @@ SMX_API SmxStatus smxCholeskyBackSubst_mava_64f_L(const double *const *src1, int
  *              element it replaces. A square matrix has no reflection for its last column.
  *   buffer     at least height * sizeof(element) bytes of scratch that overlap nothing else; no result. An array needs
  *              no more. A call that runs on several threads leaves it alone and takes scratch of its own.
- *   In place   dst may be src, with the same strides.
+ *   Overlap    dst may be src, with the same strides. Nothing else may overlap.
  *   Status     smxStsSizeMatchMatrixErr if width > height. smxStsDivByZeroErr at the first column whose sum of squares,
  *              from the diagonal down, is below 2^-23 (float) or 2^-52 (double) or not a number: an absolute bound on
  *              the square. dst holds the matrix after the reflections before it then; in an array the matrices before
@@ -317,7 +318,8 @@ SMX_API SmxStatus smxQRDecomp_ma_64f_L(const double *const *src, int srcRoiShift
  * applied to b, then R x = Qt b is solved for x.
  *
  *   src1       height by width, packed (mv, mva: one for all vectors).
- *   src2, dst  right-hand sides of length height, solutions of length width. dst may be src2.
+ *   src2, dst  right-hand sides of length height, solutions of length width.
+ *   Overlap    dst may be src2, each solution at the start of its own right-hand side. Nothing else may overlap.
  *   buffer     as for smxQRDecomp; squares of sides 3 to 6 do not use it, but it must not be null.
  *   Status     smxStsSizeMatchMatrixErr if width > height. Nothing else fails after the entry checks: a zero on the
  *              diagonal of R gives infinities or not-a-numbers with status 0.
@@ -389,6 +391,7 @@ SMX_API SmxStatus smxQRBackSubst_mava_64f_L(const double *const *src1, int src1R
  * of the type, or a last one at or below it, makes the determinant zero.
  *
  *   dstDet     one element, or one for each matrix, packed without a stride in every layout.
+ *   Overlap    none.
  *   buffer     n * n * sizeof(element) + n * sizeof(int) bytes, not null even at sides 3 to 6, which do not use it. An
  *              array needs no more. A call that runs on several threads leaves it alone and takes scratch of its own.
  *   Status     a singular matrix is no error: nothing fails after the entry checks. The zero of an array form may be
@@ -423,7 +426,8 @@ SMX_API SmxStatus smxDet_ma_64f_L(const double *const *src, int srcRoiShift, int
  *
  *   buffer     n * n * sizeof(element) + n * sizeof(int) bytes, not null even where it is not used (sides 1, 3 to 6).
  *              An array needs no more. A call that runs on several threads leaves it alone and takes its own scratch.
- *   In place   dst may be src, with the same strides, at sides 1 and 3 to 6. At all others the result is wrong then.
+ *   Overlap    dst may be src, with the same strides, at sides 1 and 3 to 6. At all others the result is wrong then.
+ *              Nothing else may overlap.
  *   Status     smxStsSingularErr if the magnitude of the determinant is below 2 n n n times the smallest normal number
  *              of the type (at or below it at side 1, 2 and from 7 on) or not a number; nothing of that matrix is
  *              written, but at side 2 and from 7 on an earlier pivot may end the process first: see below. In an array the

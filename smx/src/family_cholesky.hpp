@@ -5,8 +5,7 @@
 //   Paths      sides 3 to 6 in a local copy, else loops through dst.
 //   Order      row by row; products are subtracted one by one, in rising order (falling in the second pass of a solve).
 //   Test       a row fails when its radicand is at or below a bound or not a number. The bound is 0, but for the
-//   members
-//              that RadicandTest names.
+//              members that RadicandTest names.
 //   Status     smxStsNotPosDefErr at the first failing row. An array kernel stops there. A solve cannot fail.
 //   Written    rows before the failing one and what stands left of its diagonal; in the pointer layout, sides 3 to 6,
 //              nothing of the failing row, and of row 0 as held_back_row() tells.

@@ -114,8 +114,7 @@ struct Extract : Moves {
             if (count > 1 && (width > 6 || height > 6 || !apart(a, d, height * width, count))) {
                 for (int i = 0; i < height; ++i)
                     for (int j = 0; j < width; ++j)
-                        for (int n = 0; n < count; ++n)
-                            d.object(n)(i, j) = a.object(n, width)(i, j);
+                        for (int n = 0; n < count; ++n) d.object(n)(i, j) = a.object(n, width)(i, j);
                 return smxStsNoErr;
             }
         return move(a, d, height, width, count);

@@ -6,7 +6,7 @@
 //              single matrix or each of an array). Back substitution: sides 3 to 6 written out, else loops through dst.
 //   Pivot      the greatest magnitude of the column, the lowest logical row among equals; a not-a-number never
 //              replaces a candidate.
-//   Tolerance  absolute, and another one in each path (Tolerance below). The local path's last test reads the element
+//   Tolerance  absolute, and another one in each path (LUTolerance). The local path's last test reads the element
 //              at physical row n-1 of the copy, which is the last pivot only if r(n-1) is n-1.
 //   Status     smxStsSingularErr at the first failing test. An array kernel stops there.
 //   Written    general path: the copy with the eliminations and exchanges before the failing step. Local path: the rows

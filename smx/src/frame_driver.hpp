@@ -35,7 +35,7 @@ SmxStatus drive(int count, Fits last_fits, Direct direct, Body body, std::size_t
     const int remainder = count % threads;
     if (!last_fits(count - quotient)) return direct();
 
-    // The runtime's block is not tested: a kernel gets the null pointer as it comes.
+    // The runtime's block is not tested.
     char *const scratch =
         scratch_bytes == 0
             ? nullptr

@@ -194,8 +194,8 @@ constexpr int far_count = 1024; // for what is computed in groups, at least
 bool is_far(const LaneOperand &o, int count) {
     const ptrdiff_t row = o.columns * ptrdiff_t{o.element}, bytes = o.rows * row;
     const bool in_one_run = o.stride2 == o.element && (o.rows == 1 || o.stride1 == row);
-    return o.addressing == Addressing::strided && !o.single && in_one_run && bytes >= far_object && o.stride0 >= bytes &&
-           count * bytes >= far_bytes;
+    return o.addressing == Addressing::strided && !o.single && in_one_run && bytes >= far_object &&
+           o.stride0 >= bytes && count * bytes >= far_bytes;
 }
 void note_far(LanePlan &plan) {
     for (int i = 0; i < plan.sources; ++i)

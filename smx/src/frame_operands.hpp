@@ -1,7 +1,7 @@
 // Operands: a caller's pointer and strides as an aggregate, and the views through which every algorithm reads and
 // writes one object.
 //
-// An operand answers the entry checks (null, strides_bad, shift_bad, adjacent) and gives, for object n, a view:
+// An operand answers the entry checks (null, strides, shift, adjacent) and gives, for object n, a view:
 // `view(i, j)` is the element at row i, column j as the operation sees it, `view(j)` an element of a vector. There
 // are two views, one that computes addresses from strides and one that looks each element up in a pointer table;
 // a transposed operand is its view with the indexes exchanged.
@@ -92,7 +92,6 @@ struct Sizes {
 
 // What an operand is not asked for by default.
 struct Unchecked {
-    static constexpr bool is_pointer = false;
     static constexpr bool is_source = false;
     static constexpr bool null() { return false; }
     static constexpr bool object_stride_bad() { return false; }
@@ -110,7 +109,6 @@ template <class T, int Rank, bool Array, bool Adjacent>
 struct Strided : Unchecked {
     T *base;
     int stride0, stride1, stride2;
-    static constexpr bool is_pointer = true;
     static constexpr bool is_source = std::is_const_v<T>;
     constexpr Strided(T *base_, int stride0_, int stride1_, int stride2_)
         : base(base_), stride0(stride0_), stride1(stride1_), stride2(stride2_) {}
@@ -143,7 +141,6 @@ template <class T, int Rank, bool Array>
 struct Pointers : Unchecked {
     T *const *table;
     int shift, stride0;
-    static constexpr bool is_pointer = true;
     static constexpr bool is_source = std::is_const_v<T>;
     constexpr Pointers(T *const *table_, int shift_, int stride0_) : table(table_), shift(shift_), stride0(stride0_) {}
     constexpr bool null() const { return table == nullptr; }
@@ -176,7 +173,6 @@ template <class T, int Rank, bool Adjacent>
 struct Listed : Unchecked {
     T *const *list;
     int shift, stride1, stride2;
-    static constexpr bool is_pointer = true;
     static constexpr bool is_source = std::is_const_v<T>;
     constexpr Listed(T *const *list_, int shift_, int stride1_, int stride2_)
         : list(list_), shift(shift_), stride1(stride1_), stride2(stride2_) {}
@@ -238,7 +234,6 @@ template <class T>
 struct Packed : Unchecked {
     T *base;
     int step;
-    static constexpr bool is_pointer = true;
     static constexpr bool is_source = std::is_const_v<T>;
     constexpr Packed(T *base_, int step_) : base(base_), step(step_) {}
     constexpr bool null() const { return base == nullptr; }
@@ -254,7 +249,6 @@ struct Packed : Unchecked {
 template <class T>
 struct Buffer : Unchecked {
     T *base;
-    static constexpr bool is_pointer = true;
     constexpr Buffer(T *base_) : base(base_) {}
     constexpr bool null() const { return base == nullptr; }
 };

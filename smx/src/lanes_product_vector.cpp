@@ -116,8 +116,8 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
     if constexpr (masked_ends) {
         const bool in_registers = matrix.way == Matrices::Way::rows && matrix.dense && !matrix.o.transposed;
         if (by_columns && in_registers) return product_by_columns<T, N, from_zero, adds>(plan, first);
-    } else if (few_lanes || (sizeof(T) == 8 && matrix.way == Matrices::Way::rows &&
-                          matrix.o.addressing == Addressing::strided)) {
+    } else if (few_lanes ||
+               (sizeof(T) == 8 && matrix.way == Matrices::Way::rows && matrix.o.addressing == Addressing::strided)) {
         return first;
     }
     return each_group_by<T, Known::planes>(
