@@ -116,6 +116,16 @@ void misaligned(const Member &member) {
             }
 }
 
+// Strides are compared with nothing but the element size, so objects, rows and elements may lie between each other.
+void woven(const Member &member) {
+    for (const int side : {3, 4, 5, 6}) {
+        Shape shape = shaped(side, 37, variations[0]);
+        shape.woven = true;
+        Call call(member, shape);
+        report(member, shape, "woven", call);
+    }
+}
+
 // Matrices that are no squares.
 void oblong(const Member &member) {
     if (!takes_any_shape(*member.row)) return;
@@ -255,6 +265,7 @@ int main(int argc, char **argv) {
         far(member);
         if (only_plain) continue;
         values(member);
+        woven(member);
         overlaps(member);
         listed_twice(member);
     }

@@ -253,6 +253,11 @@ void Call::place(const Operand &o) {
         b.stride1 = b.stride2 * e.columns + gaps.row_gap * size;
         b.stride0 = b.stride1 * e.rows + gaps.object_gap * size;
     }
+    if (shape_.woven && o.source && !dense) {
+        b.stride2 = size * 2;
+        b.stride1 = size * e.columns;
+        b.stride0 = b.stride1 * e.rows;
+    }
     b.bytes = static_cast<std::size_t>((e.objects - 1) * b.stride0 + (e.rows - 1) * b.stride1 +
                                        (e.columns - 1) * b.stride2 + size);
     // Room for the operand to be moved over by an overlap, and canaries on both sides.

@@ -483,7 +483,8 @@ struct LaneAccess {
                           : o.addressing != Addressing::pointers && (o.stride2 == size || C == 1) ? Way::rows
                                                                                                   : Way::elements),
           dense(o.stride1 == C * size || R == 1),
-          packed(dense && o.addressing == Addressing::strided && o.stride0 == R * C * size) {}
+          packed(dense && (o.stride2 == size || C == 1) && o.addressing == Addressing::strided &&
+                 o.stride0 == R * C * size) {}
 
     // The address of element (i, j), as stored, of object n.
     const Byte *address(int n, int i, int j) const {
