@@ -229,6 +229,67 @@ inline void store_chunk(const Rows &rows, std::ptrdiff_t offset, const Pack<T> *
 }
 #endif
 
+// 32 bytes of each of W rows of doubles, for half the loads and stores of two chunks. Four lanes are as soon loaded in
+// chunks.
+#if defined(__AVX512F__)
+constexpr bool loads_long_chunks = true;
+template <class Rows>
+[[gnu::always_inline]] inline void load_long_chunk(const Rows &rows, std::ptrdiff_t offset, Pack<double> *out) {
+    using V = Pack<double>::Vector;
+    const auto part = [&](int l) { return _mm256_loadu_pd(reinterpret_cast<const double *>(rows[l] + offset)); };
+    const auto row = [&](int l) { return V(_mm512_insertf64x4(_mm512_castpd256_pd512(part(l)), part(l + 2), 1)); };
+    const auto columns = [&](V a, V b, int c) { // c and c + 2
+        out[c].v = __builtin_shufflevector(a, b, 0, 1, 4, 5, 8, 9, 12, 13);
+        out[c + 2].v = __builtin_shufflevector(a, b, 2, 3, 6, 7, 10, 11, 14, 15);
+    };
+    const V a = row(0), b = row(1), c = row(4), d = row(5);
+    columns(__builtin_shufflevector(a, b, 0, 8, 2, 10, 4, 12, 6, 14),
+            __builtin_shufflevector(c, d, 0, 8, 2, 10, 4, 12, 6, 14), 0);
+    columns(__builtin_shufflevector(a, b, 1, 9, 3, 11, 5, 13, 7, 15),
+            __builtin_shufflevector(c, d, 1, 9, 3, 11, 5, 13, 7, 15), 1);
+}
+#else
+constexpr bool loads_long_chunks = false;
+template <class Rows>
+void load_long_chunk(const Rows &rows, std::ptrdiff_t offset, Pack<double> *out);
+#endif
+#if defined(__AVX2__)
+constexpr bool stores_long_chunks = true;
+template <class Rows>
+[[gnu::always_inline]] inline void store_long_chunk(const Rows &rows, std::ptrdiff_t offset, const Pack<double> *in) {
+    using V = Pack<double>::Vector;
+    const auto store = [&](int l, __m256d x) {
+        _mm256_storeu_pd(reinterpret_cast<double *>(const_cast<Byte *>(rows[l] + offset)), x);
+    };
+    const V a = in[0].v, b = in[1].v, c = in[2].v, d = in[3].v;
+#if defined(__AVX512F__)
+    const auto store_rows = [&](int l, V left, V right) { // l, l + 2, l + 4, l + 6
+        const __m512d first = __builtin_shufflevector(left, right, 0, 1, 8, 9, 2, 3, 10, 11);
+        const __m512d second = __builtin_shufflevector(left, right, 4, 5, 12, 13, 6, 7, 14, 15);
+        store(l, _mm512_castpd512_pd256(first));
+        store(l + 2, _mm512_extractf64x4_pd(first, 1));
+        store(l + 4, _mm512_castpd512_pd256(second));
+        store(l + 6, _mm512_extractf64x4_pd(second, 1));
+    };
+    store_rows(0, __builtin_shufflevector(a, b, 0, 8, 2, 10, 4, 12, 6, 14),
+               __builtin_shufflevector(c, d, 0, 8, 2, 10, 4, 12, 6, 14));
+    store_rows(1, __builtin_shufflevector(a, b, 1, 9, 3, 11, 5, 13, 7, 15),
+               __builtin_shufflevector(c, d, 1, 9, 3, 11, 5, 13, 7, 15));
+#else
+    const auto store_rows = [&](int l, V left, V right) { // l and l + 2
+        store(l, __builtin_shufflevector(left, right, 0, 1, 4, 5));
+        store(l + 2, __builtin_shufflevector(left, right, 2, 3, 6, 7));
+    };
+    store_rows(0, __builtin_shufflevector(a, b, 0, 4, 2, 6), __builtin_shufflevector(c, d, 0, 4, 2, 6));
+    store_rows(1, __builtin_shufflevector(a, b, 1, 5, 3, 7), __builtin_shufflevector(c, d, 1, 5, 3, 7));
+#endif
+}
+#else
+constexpr bool stores_long_chunks = false;
+template <class Rows>
+void store_long_chunk(const Rows &rows, std::ptrdiff_t offset, const Pack<double> *in);
+#endif
+
 // One element of each of the W rows, each at its own address. Not by way of an array in memory: a vector load right
 // behind the narrow stores that it covers has to wait for them.
 template <class T>
@@ -264,7 +325,13 @@ template <class T, int L, int first = 0, class Rows>
 [[gnu::always_inline]] inline void load_run(const Rows &rows, std::ptrdiff_t offset, Pack<T> *out) {
     constexpr int K = chunk_elements<T>;
     constexpr std::ptrdiff_t size = sizeof(T);
-    if constexpr (first + K <= L) {
+    constexpr int H = sizeof(T) == 8 && loads_long_chunks ? 4 : 0;
+    if constexpr (H > 0 && first + H <= L) {
+        load_long_chunk(rows, offset + first * size, out + first);
+        load_run<T, L, first + H>(rows, offset, out);
+    } else if constexpr (H > 0 && L > H && first + H - 1 == L) {
+        load_long_chunk(rows, offset + (L - H) * size, out + L - H);
+    } else if constexpr (first + K <= L) {
         load_chunk<T, K>(rows, offset + first * size, out + first);
         load_run<T, L, first + K>(rows, offset, out);
     } else if constexpr (first < L && L >= K) {
@@ -277,7 +344,13 @@ template <class T, int L, int first = 0, class Rows>
 [[gnu::always_inline]] inline void store_run(const Rows &rows, std::ptrdiff_t offset, const Pack<T> *in) {
     constexpr int K = chunk_elements<T>;
     constexpr std::ptrdiff_t size = sizeof(T);
-    if constexpr (first + K <= L) {
+    constexpr int H = sizeof(T) == 8 && stores_long_chunks ? 4 : 0;
+    if constexpr (H > 0 && first + H <= L) {
+        store_long_chunk(rows, offset + first * size, in + first);
+        store_run<T, L, first + H>(rows, offset, in);
+    } else if constexpr (H > 0 && L > H && first + H - 1 == L) {
+        store_long_chunk(rows, offset + (L - H) * size, in + L - H);
+    } else if constexpr (first + K <= L) {
         store_chunk<T, K>(rows, offset + first * size, in + first);
         store_run<T, L, first + K>(rows, offset, in);
     } else if constexpr (first < L && L >= K) {
@@ -609,9 +682,10 @@ struct LaneAccess {
 
 // ---- groups of objects of a known layout
 
-// What a loop knows of an operand: objects without gaps behind each other, without gaps inside at a stride, or listed,
-// or element by element (a structure of arrays). Beside objects at a stride or listed, single elements may be anywhere.
-enum class Known { nothing, packed, strided, listed, planes };
+// What a loop knows of an operand: objects without gaps behind each other; without gaps inside at a stride, or listed,
+// or either (dense); or element by element (a structure of arrays). Beside objects with gaps between them, single
+// elements may be anywhere.
+enum class Known { nothing, packed, strided, listed, dense, planes };
 
 template <class T, int R, int C>
 bool is_known(const LaneAccess<T, R, C> &a, Known known) {
@@ -619,11 +693,12 @@ bool is_known(const LaneAccess<T, R, C> &a, Known known) {
     if (known == Known::nothing) return true;
     if (a.o.single || a.o.transposed) return false;
     if (R * C == 1)
-        return known == Known::strided || known == Known::listed ||
+        return known == Known::strided || known == Known::listed || known == Known::dense ||
                (a.o.addressing == Addressing::strided && a.way == Way::across);
     switch (known) {
     case Known::packed: return a.packed;
     case Known::planes: return a.way == Way::across;
+    case Known::dense: return a.way == Way::rows && a.dense;
     case Known::listed: return a.way == Way::rows && a.dense && a.o.addressing == Addressing::list;
     default: return a.way == Way::rows && a.dense && a.o.addressing == Addressing::strided;
     }
@@ -651,15 +726,16 @@ struct Objects<Known::packed, T, R, C> {
     const Byte *base;
     explicit Objects(const LaneAccess<T, R, C> &a) : base(static_cast<const Byte *>(a.o.base)) {}
     const Byte *group(int n) const { return base + std::ptrdiff_t{n} * bytes; }
+    PackedRows<bytes> rows(int n) const { return {group(n)}; }
     [[gnu::always_inline]] void load(int n, Pack<T> *out) const {
         if constexpr (R * C == 1) *out = load_pack<T>(group(n));
         else if constexpr (few) load_side_by_side<T, R * C>(group(n), out);
-        else load_run<T, R * C>(PackedRows<bytes>{group(n)}, 0, out);
+        else load_run<T, R * C>(rows(n), 0, out);
     }
     [[gnu::always_inline]] void store(int n, const Pack<T> *in) const {
         if constexpr (R * C == 1) store_pack(const_cast<Byte *>(group(n)), *in);
         else if constexpr (few) store_side_by_side<T, R * C>(group(n), in);
-        else store_run<T, R * C>(PackedRows<bytes>{group(n)}, 0, in);
+        else store_run<T, R * C>(rows(n), 0, in);
     }
 };
 template <class T, int R, int C>
@@ -678,12 +754,25 @@ struct Objects<Known::listed, T, R, C> {
     const void *const *table;
     std::ptrdiff_t shift;
     explicit Objects(const LaneAccess<T, R, C> &a) : table(a.o.table), shift(a.o.shift) {}
-    [[gnu::always_inline]] void load(int n, Pack<T> *out) const {
-        load_run<T, R * C>(ListedRows{table + n, shift}, 0, out);
-    }
-    [[gnu::always_inline]] void store(int n, const Pack<T> *in) const {
-        store_run<T, R * C>(ListedRows{table + n, shift}, 0, in);
-    }
+    ListedRows rows(int n) const { return {table + n, shift}; }
+    [[gnu::always_inline]] void load(int n, Pack<T> *out) const { load_run<T, R * C>(rows(n), 0, out); }
+    [[gnu::always_inline]] void store(int n, const Pack<T> *in) const { store_run<T, R * C>(rows(n), 0, in); }
+};
+// Beside so much work, W addresses are quickly noted down.
+template <class T, int R, int C>
+struct Objects<Known::dense, T, R, C> {
+    static constexpr bool few = false;
+    const LaneAccess<T, R, C> &access;
+    explicit Objects(const LaneAccess<T, R, C> &a) : access(a) {}
+    struct Rows {
+        const Byte *here[Pack<T>::width], *const *table;
+        [[gnu::always_inline]] Rows(const LaneAccess<T, R, C> &a, int n) : table(a.rows_of(n, here)) {}
+        Rows(const Rows &) = delete;
+        const Byte *operator[](int l) const { return table[l]; }
+    };
+    [[gnu::always_inline]] Rows rows(int n) const { return Rows(access, n); }
+    [[gnu::always_inline]] void load(int n, Pack<T> *out) const { load_run<T, R * C>(rows(n), 0, out); }
+    [[gnu::always_inline]] void store(int n, const Pack<T> *in) const { store_run<T, R * C>(rows(n), 0, in); }
 };
 template <class T, int R, int C>
 struct Objects<Known::planes, T, R, C> {
@@ -708,6 +797,10 @@ struct Objects<Known::planes, T, 1, 1> : Objects<Known::packed, T, 1, 1> {
 };
 template <class T>
 struct Objects<Known::strided, T, 1, 1> : Objects<Known::nothing, T, 1, 1> {
+    using Objects<Known::nothing, T, 1, 1>::Objects;
+};
+template <class T>
+struct Objects<Known::dense, T, 1, 1> : Objects<Known::nothing, T, 1, 1> {
     using Objects<Known::nothing, T, 1, 1>::Objects;
 };
 template <class T>

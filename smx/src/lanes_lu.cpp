@@ -154,7 +154,7 @@ SMX_LANE_LOOP int solve(const LanePlan &plan, const int *pivots, const void *rec
     };
     using enum Known;
     if constexpr (N <= 4) return each_group_by<T, packed, strided, listed, planes>(plan, first, body, matrix, rhs, dst);
-    else return each_group_by<T, packed, planes>(plan, first, body, matrix, rhs, dst);
+    else return each_group_by<T, dense, planes>(plan, first, body, matrix, rhs, dst);
 }
 
 } // namespace

@@ -66,6 +66,7 @@ requires(pack_bytes > 4 * static_cast<int>(sizeof(T))) struct Together<T, 4> {
     }
     V second[4];
     explicit Together(const Byte *b) {
+#pragma GCC unroll 4
         for (int p = 0; p < 4; ++p) second[p] = row(b + p * 4 * static_cast<int>(sizeof(T)));
     }
     template <bool from_zero>
@@ -135,12 +136,13 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
                 if (single_second != nullptr) {
                     const Together<T, N> once(single_second);
                     return each_object_of<T, Loop::lists>(
-                        plan, first, [&](const Byte *x, const Byte *z) { once.template product<from_zero>(x, z); }, a.o,
-                        d.o);
+                        plan, first,
+                        [&](const Byte *x, const Byte *z)
+                            __attribute__((always_inline)) { once.template product<from_zero>(x, z); },
+                        a.o, d.o);
                 }
                 return each_object_of<T, Loop::lists>(
-                    plan, first,
-                    [](const Byte *x, const Byte *y, const Byte *z) {
+                    plan, first, [](const Byte *x, const Byte *y, const Byte *z) __attribute__((always_inline)) {
                         Together<T, N>(y).template product<from_zero>(x, z);
                     },
                     a.o, b.o, d.o);
@@ -152,14 +154,14 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
             read_rows<T, N>(single_second, b_row, second);
             return each_object_of<T, Loop::lists>(
                 plan, first,
-                [&](const Byte *x, const Byte *z) {
+                [&](const Byte *x, const Byte *z) __attribute__((always_inline)) {
                     rows_product<T, N, from_zero>(x, a_row, a_column, second, z, d_row);
                 },
                 a.o, d.o);
         }
         return each_object_of<T, Loop::lists>(
             plan, first,
-            [&](const Byte *x, const Byte *y, const Byte *z) {
+            [&](const Byte *x, const Byte *y, const Byte *z) __attribute__((always_inline)) {
                 Row<T, N> second[N];
                 read_rows<T, N>(y, b_row, second);
                 rows_product<T, N, from_zero>(x, a_row, a_column, second, z, d_row);

@@ -48,7 +48,7 @@ SMX_LANE_LOOP int norm(const LanePlan &plan, bool cuts_off, int first) {
     };
     using enum Known;
     if constexpr (E <= 16) return each_group_by<T, packed, strided, listed, planes>(plan, first, body, src, dst);
-    else return each_group_by<T, packed, planes>(plan, first, body, src, dst);
+    else return each_group_by<T, packed, dense, planes>(plan, first, body, src, dst);
 }
 
 // Only where objects follow each other element by element: reading a few elements of each object costs the same one by
