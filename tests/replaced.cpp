@@ -20,4 +20,16 @@ EXPORT int ownsmxLUDecomp_m_32f_S_com() {
 EXPORT int ownsmxLUDecomp_m_64f_P_com() {
     return ++replaced_calls, 0;
 }
+EXPORT int ownsmxInvert_m_32f_com() {
+    return ++replaced_calls, 0;
+}
+EXPORT int ownsmxInvert_m_64f_S2_com() {
+    return ++replaced_calls, 0;
+}
+EXPORT int ownsmxCholeskyDecomp_m_64f_P() {
+    return ++replaced_calls, 0;
+}
+EXPORT int ownsmxCholeskyBackSubst_mv_32f() {
+    return ++replaced_calls, 0;
+}
 }

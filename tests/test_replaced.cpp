@@ -13,9 +13,19 @@ TEST(Replaced, IsCalledForEachObject) {
     const struct {
         const char *member;
         int size, step;
-    } cases[] = {{"smxAdd_mam_32f_L", 3, 1},   {"smxAdd_mama_32f_L", 4, 1},    {"smxSub_mata_64f_L", 3, 2},
-                 {"smxSub_mat_64f_L", 5, 2},   {"smxMul_mama_64f_L", 4, 2},    {"smxMul_tat_32f_L", 3, 1},
-                 {"smxLUDecomp_ma_32f", 7, 1}, {"smxLUDecomp_ma_32f_L", 2, 1}, {"smxLUDecomp_ma_64f_P", 9, 1}};
+    } cases[] = {{"smxAdd_mam_32f_L", 3, 1},
+                 {"smxAdd_mama_32f_L", 4, 1},
+                 {"smxSub_mata_64f_L", 3, 2},
+                 {"smxSub_mat_64f_L", 5, 2},
+                 {"smxMul_mama_64f_L", 4, 2},
+                 {"smxMul_tat_32f_L", 3, 1},
+                 {"smxLUDecomp_ma_32f", 7, 1},
+                 {"smxLUDecomp_ma_32f_L", 2, 1},
+                 {"smxLUDecomp_ma_64f_P", 9, 1},
+                 {"smxInvert_ma_32f", 7, 1},
+                 {"smxInvert_ma_64f_L", 2, 2},
+                 {"smxCholeskyDecomp_ma_64f_P", 7, 1},
+                 {"smxCholeskyBackSubst_mva_32f", 2, 1}};
     for (const auto &c : cases) {
         Shape shape;
         shape.size = c.size;

@@ -170,8 +170,10 @@ void print(const Fit &fit, const std::string &response, const std::string &file)
                 "standard deviation");
     for (const Term &term : fit.terms)
         std::printf("%-14s %23.15g %23.15g\n", term.name.c_str(), term.coefficient, term.deviation);
-    std::printf("\n%-30s %.15g\n%-30s %.15g\n%-30s %zu\n", "residual standard deviation", fit.residual, "R squared",
-                fit.rSquared, "degrees of freedom", fit.rows - fit.terms.size());
+    std::printf("\n%-30s %.15g\n", "residual standard deviation", fit.residual);
+    if (std::isfinite(fit.rSquared)) std::printf("%-30s %.15g\n", "R squared", fit.rSquared);
+    else std::printf("%-30s %s\n", "R squared", "undefined: the response does not vary");
+    std::printf("%-30s %zu\n", "degrees of freedom", fit.rows - fit.terms.size());
 }
 
 } // namespace

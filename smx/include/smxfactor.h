@@ -165,9 +165,10 @@ SMX_API SmxStatus smxLUBackSubst_mava_64f_L(const double *const *src1, int src1R
 
 /* Cholesky decomposition A = L Lt of a symmetric positive definite matrix of side n = widthHeight, row by row.
  *
+ *   Codes      m: one matrix; no suffix, _P. ma: an array; no suffix, _P, _L.
  *   src, dst   n by n. Only lower triangles with the diagonal are read and written: symmetry is not tested, and the
  *              upper triangle of dst keeps what it held. dst[i][j] = L[i][j] for j < i, dst[i][i] = 1 / L[i][i].
- *   Strides    bytes: Stride0 from matrix to matrix, Stride1 from row to row, Stride2 from element to element.
+ *   Strides    in bytes, positive multiples of the element size; see smx.h.
  *   Overlap    dst may be src, with the same strides. Nothing else may overlap.
  *   Status     smxStsNotPosDefErr at the first row i whose radicand, A[i][i] minus the squares of L[i][j] for j < i, is
  *              at or below a bound or not a number. Rows before i and L[i][j] for j < i are written then; in the pointer
@@ -210,8 +211,11 @@ SMX_API SmxStatus smxCholeskyDecomp_ma_64f_L(const double *const *src, int srcRo
 
 /* Solution of A x = b from the factor that smxCholeskyDecomp left: L y = b, then Lt x = y. No division happens.
  *
+ *   Codes      mv: one matrix, one vector; no suffix, _P. mva: one matrix for all vectors, mava: a matrix for each
+ *              vector; no suffix, _P, _L.
  *   src1       n by n, only the lower triangle with the inverted diagonal is read (mv, mva: one for all vectors).
  *   src2, dst  right-hand sides and solutions of length n.
+ *   Strides    in bytes, positive multiples of the element size; see smx.h.
  *   Overlap    dst may be src2, with the same strides. Nothing else may overlap.
  *   Status     nothing fails after the entry checks: what src1 holds is taken as it stands.
  *   Checks     as for smxCholeskyDecomp; but mva_L: null, strides, shifts, size, count.
@@ -272,9 +276,12 @@ SMX_API SmxStatus smxCholeskyBackSubst_mava_64f_L(const double *const *src1, int
 /* QR decomposition by Householder reflections (A. S. Householder, Unitary triangularization of a nonsymmetric matrix,
  * J. ACM 5, 1958) of a matrix with at least as many rows as columns, width <= height.
  *
+ *   Codes      m: one matrix; no suffix, _P. ma: an array; no suffix, _P, _L.
+ *   src        height by width.
  *   dst        height by width, packed: R on and above the diagonal; below it, in column k, the entries of reflector k
  *              behind its leading 1. Reflection k is I - 2 v vt / (vt v), and R[k][k] has the sign opposite to the
  *              element it replaces. A square matrix has no reflection for its last column.
+ *   Strides    in bytes, positive multiples of the element size; see smx.h.
  *   buffer     at least height * sizeof(element) bytes of scratch that overlap nothing else; no result. An array needs
  *              no more. A call that runs on several threads leaves it alone and takes scratch of its own.
  *   Overlap    dst may be src, with the same strides. Nothing else may overlap.
@@ -317,8 +324,11 @@ SMX_API SmxStatus smxQRDecomp_ma_64f_L(const double *const *src, int srcRoiShift
 /* Solution of A x = b in the sense of least squares, from the packed matrix that smxQRDecomp left: the reflections are
  * applied to b, then R x = Qt b is solved for x.
  *
+ *   Codes      mv: one matrix, one vector; no suffix, _P. mva: one matrix for all vectors, mava: a matrix for each
+ *              vector; no suffix, _P, _L.
  *   src1       height by width, packed (mv, mva: one for all vectors).
  *   src2, dst  right-hand sides of length height, solutions of length width.
+ *   Strides    in bytes, positive multiples of the element size; see smx.h.
  *   Overlap    dst may be src2, each solution at the start of its own right-hand side. Nothing else may overlap.
  *   buffer     as for smxQRDecomp; squares of sides 3 to 6 do not use it, but it must not be null.
  *   Status     smxStsSizeMatchMatrixErr if width > height. Nothing else fails after the entry checks: a zero on the
@@ -390,7 +400,10 @@ SMX_API SmxStatus smxQRBackSubst_mava_64f_L(const double *const *src1, int src1R
  * sides eliminate with partial pivoting in buffer: a pivot of magnitude below 2 n n n times the smallest normal number
  * of the type, or a last one at or below it, makes the determinant zero.
  *
+ *   Codes      m: one matrix; no suffix, _P. ma: an array; no suffix, _P, _L.
+ *   src        n by n.
  *   dstDet     one element, or one for each matrix, packed without a stride in every layout.
+ *   Strides    in bytes, positive multiples of the element size; see smx.h.
  *   Overlap    none.
  *   buffer     n * n * sizeof(element) + n * sizeof(int) bytes, not null even at sides 3 to 6, which do not use it. An
  *              array needs no more. A call that runs on several threads leaves it alone and takes scratch of its own.
@@ -424,19 +437,21 @@ SMX_API SmxStatus smxDet_ma_64f_L(const double *const *src, int srcRoiShift, int
 /* Inverse of a square matrix of side n = widthHeight as its cofactors over the determinant: in closed form with one
  * division at sides 3 to 6, with one elimination for each cofactor at side 2 and from 7 on, which takes time n^5.
  *
+ *   Codes      m: one matrix; no suffix, _P. ma: an array; no suffix, _P, _L.
+ *   src, dst   n by n.
+ *   Strides    in bytes, positive multiples of the element size; see smx.h.
  *   buffer     n * n * sizeof(element) + n * sizeof(int) bytes, not null even where it is not used (sides 1, 3 to 6).
  *              An array needs no more. A call that runs on several threads leaves it alone and takes its own scratch.
  *   Overlap    dst may be src, with the same strides, at sides 1 and 3 to 6. At all others the result is wrong then.
  *              Nothing else may overlap.
  *   Status     smxStsSingularErr if the magnitude of the determinant is below 2 n n n times the smallest normal number
  *              of the type (at or below it at side 1, 2 and from 7 on) or not a number; nothing of that matrix is
- *              written, but at side 2 and from 7 on an earlier pivot may end the process first: see below. In an array the
- *              matrices before it are complete, those after it in the same thread's share are untouched. Exceptions: a not-a-number element of side 1 gives not-a-number and status 0 in smxInvert_m,
- *              and so does a not-a-number determinant at sides 4, 5 and 6 of smxInvert_m_32f and _64f if Stride2 is the
- *              element size.
+ *              written, but at side 2 and from 7 on an earlier pivot may end the process first: see below. In an array
+ *              the matrices before it are complete, those after it in the same thread's share are untouched. Exceptions:
+ *              a not-a-number element of side 1 gives not-a-number and status 0 in smxInvert_m, and so does a
+ *              not-a-number determinant at sides 4, 5 and 6 of smxInvert_m_32f and _64f if Stride2 is the element size.
  *   Accuracy   at side 2 and from 7 on a cofactor that is zero counts as the tolerance: instead of exact zeros the
  *              result has elements of about 1e-37 (float) or 1e-307 (double).
- *
  *   Checks     as for smxDet; null: src, buffer, dst.
  *   Threads    where 2 * n * count is above 20000; 40000 in _L of float where every Stride2 is the element size. Never
  *              at side 1.
