@@ -978,10 +978,12 @@ template <class T, int L, class F, class... Starts>
         std::memcpy(const_cast<Byte *>(d + (k == vectors - 1 ? bytes - wide : k * wide)), &result[k], wide);
 }
 
-// Runs are left to a narrower set where small steps are faster. 64 bytes are no better than 32, and wait for the stores
-// where the operands lie an unlucky distance apart; through memory, the processor fetches further ahead of 16.
+// Runs are left to a narrower set where small steps are faster. 64 bytes are better than 32 only in the first cache;
+// beyond, they wait for the stores where the operands lie an unlucky distance apart. Through memory, the processor
+// fetches further ahead of 16.
+constexpr std::ptrdiff_t near_bytes = 16 << 10;
 constexpr bool leaves_run(std::ptrdiff_t bytes) {
-    return pack_bytes > 32 || (pack_bytes > 16 && bytes >= far_bytes);
+    return pack_bytes > 32 ? bytes > near_bytes : pack_bytes > 16 && bytes >= far_bytes;
 }
 
 // `bytes` of adjacent elements, whatever objects they belong to. apply(x...) is given packs or single elements.
