@@ -84,5 +84,94 @@ struct Row {
 };
 #endif
 
+// Several rows of an object without gaps in one register: row p of the second operand, repeated in each row of the
+// register, times column p of the first, each element repeated along its row.
+template <class T, int N>
+struct Together {
+    static constexpr bool exists = false;
+};
+#if defined(__AVX2__)
+template <class T>
+requires(pack_bytes > 4 * static_cast<int>(sizeof(T))) struct Together<T, 4> {
+    static constexpr bool exists = true;
+    static constexpr int registers = 16 * static_cast<int>(sizeof(T)) / pack_bytes;
+    using V = typename Pack<T>::Vector;
+    static V load(const Byte *from, int r) { return load_pack<T>(from + r * pack_bytes).v; }
+    static void store(const Byte *to, int r, V v) { store_pack(const_cast<Byte *>(to) + r * pack_bytes, Pack<T>(v)); }
+    static V row(const Byte *from) {
+#if defined(__AVX512F__)
+        if constexpr (sizeof(T) == 4)
+            return reinterpret_cast<V>(_mm512_broadcast_f32x4(_mm_loadu_ps(reinterpret_cast<const float *>(from))));
+        else
+            return reinterpret_cast<V>(_mm512_broadcast_f64x4(_mm256_loadu_pd(reinterpret_cast<const double *>(from))));
+#else
+        return reinterpret_cast<V>(_mm256_broadcast_ps(reinterpret_cast<const __m128 *>(from)));
+#endif
+    }
+    template <int p>
+    static V column(V x) {
+#if defined(__AVX512F__)
+        if constexpr (sizeof(T) == 4)
+            return reinterpret_cast<V>(_mm512_permute_ps(reinterpret_cast<__m512>(x), 0x55 * p));
+        else return reinterpret_cast<V>(_mm512_permutex_pd(reinterpret_cast<__m512d>(x), 0x55 * p));
+#else
+        return reinterpret_cast<V>(_mm256_permute_ps(reinterpret_cast<__m256>(x), 0x55 * p));
+#endif
+    }
+    V second[4];
+    explicit Together(const Byte *b) {
+#pragma GCC unroll 4
+        for (int p = 0; p < 4; ++p) second[p] = row(b + p * 4 * static_cast<int>(sizeof(T)));
+    }
+    template <bool from_zero>
+    V sum(V x) const {
+        V sum = column<0>(x) * second[0];
+        if (from_zero) sum = V{} + sum;
+        sum = sum + column<1>(x) * second[1];
+        sum = sum + column<2>(x) * second[2];
+        return sum + column<3>(x) * second[3];
+    }
+    template <bool from_zero>
+    void product(const Byte *a, const Byte *d) const {
+#pragma GCC unroll 4
+        for (int r = 0; r < registers; ++r) store(d, r, sum<from_zero>(load(a, r)));
+    }
+};
+#endif
+#if defined(__AVX512F__)
+template <>
+struct Together<float, 3> {
+    static constexpr bool exists = true;
+    using V = __m512;
+    static constexpr __mmask16 mask = 0x1ff;
+    template <int p>
+    static V column(V x) {
+        return _mm512_permutexvar_ps(
+            _mm512_setr_epi32(p, p, p, p + 3, p + 3, p + 3, p + 6, p + 6, p + 6, 0, 0, 0, 0, 0, 0, 0), x);
+    }
+    template <int p>
+    static V row(V x) {
+        constexpr int i = 3 * p, j = i + 1, k = i + 2;
+        return _mm512_permutexvar_ps(_mm512_setr_epi32(i, j, k, i, j, k, i, j, k, 0, 0, 0, 0, 0, 0, 0), x);
+    }
+    V second[3];
+    explicit Together(const Byte *b) {
+        const V x = _mm512_maskz_loadu_ps(mask, b);
+        second[0] = row<0>(x);
+        second[1] = row<1>(x);
+        second[2] = row<2>(x);
+    }
+    template <bool from_zero>
+    void product(const Byte *a, const Byte *d) const {
+        const V x = _mm512_maskz_loadu_ps(mask, a);
+        V sum = column<0>(x) * second[0];
+        if (from_zero) sum = V{} + sum;
+        sum = sum + column<1>(x) * second[1];
+        sum = sum + column<2>(x) * second[2];
+        _mm512_mask_storeu_ps(const_cast<Byte *>(d), mask, sum);
+    }
+};
+#endif
+
 } // namespace SMX_ISA
 } // namespace smx

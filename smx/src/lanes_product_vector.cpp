@@ -98,6 +98,32 @@ int one_matrix(const LanePlan &plan, int first) {
         vector, plan.source[adds ? 2 : 1].operand, plan.result[0]);
 }
 
+// The same for vectors of four without gaps, several in one register.
+template <class T, bool from_zero, bool adds>
+int one_matrix_of_four(const LanePlan &plan, int first) {
+    constexpr int size = sizeof(T);
+    const LaneAccess<T, 4, 4> matrix(plan.source[0].operand);
+    T columns[16];
+    for (int p = 0; p < 4; ++p)
+        for (int i = 0; i < 4; ++i)
+            columns[p * 4 + i] =
+                load_element<T>(matrix.o.transposed ? matrix.address(0, p, i) : matrix.address(0, i, p));
+    const Together<T, 4> all(reinterpret_cast<const Byte *>(columns));
+    const auto start = [](const LaneOperand &o) { return static_cast<const Byte *>(o.base); };
+    const Byte *const b = start(plan.source[1].operand), *const c = start(plan.source[adds ? 2 : 1].operand);
+    const Byte *const d = start(plan.result[0]);
+    return each_group<T>(plan, first, [&](int n) {
+        const std::ptrdiff_t offset = std::ptrdiff_t{4 * size} * n;
+#pragma GCC unroll 4
+        for (int r = 0; r < 4; ++r) {
+            auto sum = all.template sum<from_zero>(all.load(b + offset, r));
+            if constexpr (adds) sum = sum + all.load(c + offset, r);
+            all.store(d + offset, r, sum);
+        }
+        return true;
+    });
+}
+
 template <class T, int N, bool from_zero, bool adds>
 SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
     using Num = Pack<T>;
@@ -126,6 +152,8 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
                             vector.o.addressing != Addressing::pointers;
     if (matrix.o.single) {
         const bool packed = vector.packed && added.packed && dst.packed;
+        if constexpr (N == 4 && Together<T, N>::exists)
+            if (packed) return one_matrix_of_four<T, from_zero, adds>(plan, first);
         if (by_columns && (few_lanes || !packed || (sizeof(T) == 8 && N != 3)))
             return one_matrix<T, N, from_zero, adds>(plan, first);
         if constexpr (few_lanes) return first;
