@@ -10,7 +10,11 @@
 
 #include "members.hpp"
 
-extern "C" int threads_omp_of_n_smk;
+extern "C" {
+extern int threads_omp_of_n_smk;
+int ownsmxEigenValuesSym_ma_64f(const double *src, int stride0, int stride1, double *buffer, double *values, int n,
+                                int count);
+}
 
 namespace {
 
@@ -97,6 +101,22 @@ TEST(Lanes, CallsAtTheSameTimeDoNotMeet) {
         for (std::thread &thread : threads) thread.join();
         EXPECT_EQ(different, 0) << member.name();
     }
+}
+
+// The interface refuses negative strides, a kernel takes them. The first object's values fall onto the second's source.
+TEST(Lanes, ObjectsThatGoDownAreTakenOneAfterTheOther) {
+    constexpr int side = 3, count = 40, object = side * side;
+    const auto values_of_all = [](int at_once) {
+        std::vector<double> memory(2 * count * object), buffer(object);
+        for (int i = 0; i < 2 * count * object; ++i) memory[i] = i % object % (side + 1) == 0 ? 1 + i % 13 : 0.5;
+        double *const source = &memory[(count - 1) * object], *const values = source - object;
+        for (int n = 0; n < count; n += at_once)
+            EXPECT_EQ(ownsmxEigenValuesSym_ma_64f(source - n * object, -8 * object, 8 * side, buffer.data(),
+                                                  values + n * side, side, at_once),
+                      0);
+        return memory;
+    };
+    EXPECT_EQ(values_of_all(count), values_of_all(1));
 }
 
 TEST(Lanes, NothingOutsideTheOperandsIsTouched) {

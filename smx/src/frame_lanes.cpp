@@ -204,6 +204,15 @@ void note_far(LanePlan &plan) {
         if (is_far(plan.result[i], plan.count)) plan.far |= far_result(i);
 }
 
+// Footprints grow upwards. The interface refuses other strides; who calls a kernel may have objects that go down.
+bool goes_down(const LanePlan &plan) {
+    const auto signs = [](const LaneOperand &o) { return o.stride0 | o.stride1 | o.stride2; };
+    ptrdiff_t all = 0;
+    for (int i = 0; i < plan.sources; ++i) all |= signs(plan.source[i].operand);
+    for (int i = 0; i < plan.results; ++i) all |= signs(plan.result[i]);
+    return all < 0;
+}
+
 } // namespace
 
 // Every call comes through here: what most calls need is inline, and the rest out of the way.
@@ -215,7 +224,7 @@ void judge(LanePlan &plan) {
     plan.lists_are_seen = false;
     plan.alone = {};
     const int count = plan.count;
-    if (count < 2 || instruction_set() == InstructionSet::sequential) return;
+    if (count < 2 || instruction_set() == InstructionSet::sequential || goes_down(plan)) return;
     bool never = false;
     const auto note = [&](Verdict found, unsigned doubt) {
         never = never || found == Verdict::never;
