@@ -32,8 +32,8 @@ extern "C" {
  * elements below 2 eps are taken for 0, so a matrix of tiny elements comes back as its own diagonal, and is called
  * singular. And the reduction leaves a column as it is if its squared length below the diagonal is about eps or less:
  * elements up to some 2^-12 (float) or 2^-26 (double) may then be ignored, so that a matrix close to a multiple of the
- * identity loses half of its digits. Scale first: divide by the greatest magnitude of the matrix or
- * array, multiply the values by it after.
+ * identity loses half of its digits. Scale first: divide by the greatest magnitude of the matrix or array, multiply the
+ * values by it after.
  *
  * smxStsSingularErr: the determinant (side 2) or the product of the eigenvalues (sides 3 and up) is at most eps in
  *     magnitude. A matrix with an eigenvalue of 0 is refused, and one with several small ones. Side 2 has then written
@@ -43,10 +43,11 @@ extern "C" {
  *     mid-block count as factors once more, so the product need not be the determinant. Side 1 is never refused.
  *     To have flat objects in an array: add a shift to every diagonal so that all eigenvalues lie well away from 0
  *     (after scaling, 2 will do for any matrix of norm at most 1), and subtract it from the values.
- * smxStsConvergeErr: 30 sweeps were not enough for one value. dstValues then holds nothing of use. So end matrices with
- *     infinities or not-a-numbers off the diagonal, some clusters of values within 100 eps of each other, and a few of
- *     many thousand ordinary matrices, where the last off-diagonal element comes to rest just above the tolerance.
- *     Multiply such a matrix by some factor (50, say) and call again.
+ * smxStsConvergeErr: 30 sweeps were not enough for one value. dstValues then holds nothing of use. So may end matrices of
+ *     side 3 and up with infinities or not-a-numbers off the diagonal, some clusters of values within 100 eps of each
+ *     other, and a few of many thousand ordinary matrices, where the last off-diagonal element comes to rest just above
+ *     the tolerance. Multiply such a matrix by some factor (50, say) and call again. The status is no test for infinities
+ *     and not-a-numbers: sides 1 and 2 pass them on with status 0.
  * An array call stops at its first failing object: those before it are done, those behind it untouched, up to the
  * end of the same thread's share. The status does not say which it was.
  *
@@ -154,7 +155,8 @@ SMX_API SmxStatus smxEigenValuesVectorsGetBufSize_64f(int widthHeight, int *bufS
  * Overlap   dstValuesRe, dstValuesIm and buffer must overlap nothing.
  * Checks    null (src, buffer, dstValuesRe, dstValuesIm), size, count, then shifts before strides.
  *           smxStsNullPtrErr, smxStsSizeErr, smxStsCountMatrixErr, smxStsRoiShiftMatrixErr, smxStsStrideMatrixErr.
- * Threads   above 10000 elements of work, (n * n + n) * count; buffer is not used then but must not be null.
+ * Threads   above 10000 elements of work, (n * n + n) * count. The threads then have scratch of their own, but buffer
+ *           must be there all the same: a call that runs on one thread after all uses it.
  *
  * The tolerances are absolute: a sub-diagonal element of at most 2^-23 (float) or 2^-52 (double) counts as 0. Scale
  * matrices of tiny elements, as for smxEigenValuesSym.
@@ -168,7 +170,8 @@ SMX_API SmxStatus smxEigenValuesVectorsGetBufSize_64f(int widthHeight, int *bufS
  * matrix.
  *
  * smxStsConvergeErr: 30 n double steps were not enough. The values found so far stand at the upper indices; the others
- *     are not written. So end matrices with infinities or not-a-numbers.
+ *     are not written. So end matrices of side 3 and up with not-a-numbers. With infinities the status may be this one
+ *     or 0, here and in smxEigenValuesVectors; sides 1 and 2 pass both on with status 0.
  * An array call stops at its first failing object: those before it are done, those behind it untouched, up to the
  * end of the same thread's share. */
 SMX_API SmxStatus smxEigenValues_m_32f(const float *src, int srcStride1, int srcStride2, float *dstValuesRe,
