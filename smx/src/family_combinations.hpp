@@ -12,6 +12,7 @@
 
 #include "frame_module.hpp"
 #include "lanes_combinations.hpp"
+#include "lanes_runs.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
@@ -33,9 +34,10 @@ struct MatrixByConstant {
     template <class A, class C, class D, class Range>
     static SmxStatus in_groups(const A &a, const C &factor, const D &dst, int width, int height, int count,
                                Range one_by_one) {
-        const LaneOperand result = dst.lanes(height, width);
-        const LanePlan plan =
-            lane_plan(count, {{a.lanes(height, width), SameObject::identical}}, {result}, groups_at_once(result));
+        const LaneOperand x = a.lanes(height, width), result = dst.lanes(height, width);
+        LaneRun run;
+        if (find_run(run, count, result, x)) return compute_run(run, Arithmetic::multiply, factor.value), smxStsNoErr;
+        const LanePlan plan = lane_plan(count, {{x, SameObject::identical}}, {result}, groups_at_once(result));
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, combination_lanes, plan, factor.value, 0); }, one_by_one);
     }

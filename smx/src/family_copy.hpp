@@ -50,9 +50,10 @@ struct Moves {
         // A long pointer table takes longer to look through than to walk.
         constexpr bool by_table = is_pointers<A> || is_pointers<D>;
         if (by_table && (width > 6 || height > 6)) return one_by_one(0, count);
-        const LaneOperand result = d.lanes(height, width);
-        const LanePlan plan =
-            lane_plan(count, {{a.lanes(height, width), SameObject::identical}}, {result}, groups_at_once(result));
+        const LaneOperand source = a.lanes(height, width), result = d.lanes(height, width);
+        LaneRun run;
+        if (find_run(run, count, result, source)) return copy_run(run), smxStsNoErr;
+        const LanePlan plan = lane_plan(count, {{source, SameObject::identical}}, {result}, groups_at_once(result));
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, copy_lanes, plan); }, one_by_one);
     }

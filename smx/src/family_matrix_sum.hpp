@@ -15,25 +15,10 @@
 namespace smx {
 inline namespace SMX_ISA {
 
-struct Plus {
-    static constexpr bool minus = false;
-    template <class T>
-    static T apply(T a, T b) {
-        return a + b;
-    }
-};
-struct Minus {
-    static constexpr bool minus = true;
-    template <class T>
-    static T apply(T a, T b) {
-        return a - b;
-    }
-};
-
 // Which kernels of a row have the paths written out.
 enum class Written { all, not_pointers, plain_float, none };
 
-template <class Op, Written written = Written::all>
+template <Arithmetic operation, Written written = Written::all>
 struct MatrixSum {
     template <class Tier, class T>
     static constexpr bool is_written = written == Written::all ||
@@ -45,7 +30,7 @@ struct MatrixSum {
     template <class A, class B, class D>
     static void each_element(const A &a, const B &b, const D &d, int width, int height) {
         for (int i = 0; i < height; ++i)
-            for (int j = 0; j < width; ++j) d(i, j) = Op::apply(a(i, j), b(i, j));
+            for (int j = 0; j < width; ++j) d(i, j) = apply<operation, typename D::Value>(a(i, j), b(i, j));
     }
 
     // The elements of a written-out object, read whole.
@@ -70,7 +55,7 @@ struct MatrixSum {
             if (!single_b) y.read(b.object(n, N));
             const auto out = d.object(n, N);
             T sums[N * N];
-            for (int e = 0; e < N * N; ++e) sums[e] = Op::apply(x.value[e], y.value[e]);
+            for (int e = 0; e < N * N; ++e) sums[e] = apply<operation>(x.value[e], y.value[e]);
 #pragma GCC unroll 1
             for (int i = 0; i < N; ++i)
                 for (int j = 0; j < N; ++j) out(i, j) = sums[i * N + j];
@@ -99,12 +84,13 @@ struct MatrixSum {
     // Whole groups by the lane engine where it has a way, which is the same for every tier: one operation an element.
     template <class T, class A, class B, class D, class Range>
     static SmxStatus in_groups(const A &a, const B &b, const D &d, int width, int height, int count, Range one_by_one) {
-        const LaneOperand result = d.lanes(height, width);
-        const LanePlan plan = lane_plan(
-            count, {{a.lanes(height, width), SameObject::identical}, {b.lanes(height, width), SameObject::identical}},
-            {result}, groups_at_once(result));
+        const LaneOperand x = a.lanes(height, width), y = b.lanes(height, width), result = d.lanes(height, width);
+        LaneRun run;
+        if (find_run(run, count, result, x, y)) return compute_run(run, operation), smxStsNoErr;
+        const LanePlan plan = lane_plan(count, {{x, SameObject::identical}, {y, SameObject::identical}}, {result},
+                                        groups_at_once(result));
         return for_each_object<T>(
-            plan, [&](int n) { return SMX_ON_ALL_LANES(n, matrix_sum_lanes, plan, Op::minus); }, one_by_one);
+            plan, [&](int n) { return SMX_ON_ALL_LANES(n, matrix_sum_lanes, plan, operation); }, one_by_one);
     }
 
     // Non-array kernels.

@@ -91,7 +91,10 @@ struct VectorArithmetic {
     // The lane engine's way is the same for every tier: one operation an element.
     template <class A, class T, class D, class Range>
     static SmxStatus in_groups(const A &a, const Value<T> &b, const D &d, int len, int count, Range one_by_one) {
-        const LanePlan plan = lane_plan(count, {{a.lanes(1, len), SameObject::identical}}, {d.lanes(1, len)});
+        const LaneOperand x = a.lanes(1, len), result = d.lanes(1, len);
+        LaneRun run;
+        if (find_run(run, count, result, x)) return compute_run(run, operation, b.value), smxStsNoErr;
+        const LanePlan plan = lane_plan(count, {{x, SameObject::identical}}, {result});
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, vector_arithmetic_lanes, plan, operation, b.value); },
             one_by_one);
@@ -101,7 +104,10 @@ struct VectorArithmetic {
         // An object's constant is read ahead of its elements, so it may lie anywhere in them.
         const LaneSource y = is_constant<B> ? LaneSource{b.lanes(1, 1), SameObject::any}
                                             : LaneSource{b.lanes(1, len), SameObject::identical};
-        const LanePlan plan = lane_plan(count, {{a.lanes(1, len), SameObject::identical}, y}, {d.lanes(1, len)});
+        const LaneOperand x = a.lanes(1, len), result = d.lanes(1, len);
+        LaneRun run;
+        if (find_run(run, count, result, x, y.operand)) return compute_run(run, operation), smxStsNoErr;
+        const LanePlan plan = lane_plan(count, {{x, SameObject::identical}, y}, {result});
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, vector_arithmetic_lanes, plan, operation, 0.0); },
             one_by_one);

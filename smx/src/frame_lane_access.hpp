@@ -981,25 +981,34 @@ template <class T, int L, class F, class... Starts>
 // Runs are left to a narrower set where small steps are faster. 64 bytes are better than 32 only in the first cache;
 // beyond, they wait for the stores where the operands lie an unlucky distance apart. Through memory, the processor
 // fetches further ahead of 16.
-constexpr std::ptrdiff_t near_bytes = 16 << 10;
-constexpr bool leaves_run(std::ptrdiff_t bytes) {
-    return pack_bytes > 32 ? bytes > near_bytes : pack_bytes > 16 && bytes >= far_bytes;
+constexpr std::ptrdiff_t near_bytes = 48 << 10; // of all operands
+constexpr bool leaves_run(std::ptrdiff_t bytes, int operands) {
+    return pack_bytes > 32 ? operands * bytes > near_bytes : pack_bytes > 16 && bytes >= far_bytes;
 }
 
 // `bytes` of adjacent elements, whatever objects they belong to. apply(x...) is given packs or single elements.
 template <class T, class F, class... Sources>
 [[gnu::always_inline]] inline void run_of_elements(F apply, const Byte *d, std::ptrdiff_t bytes, Sources... from) {
-    constexpr int size = sizeof(T);
-    std::ptrdiff_t e = 0;
-    const auto one_by_one_until = [&](std::ptrdiff_t end) {
+    constexpr int size = sizeof(T), four = 4 * pack_bytes;
+    const auto one_by_one = [=](std::ptrdiff_t e, std::ptrdiff_t end) __attribute__((always_inline)) {
+#pragma GCC unroll 1
         for (; e < end; e += size) store_element<T>(d + e, apply(load_element<T>(from + e)...));
+        return e;
+    };
+    const auto pack = [=](std::ptrdiff_t e) __attribute__((always_inline)) {
+        store_pack(const_cast<Byte *>(d + e), Pack<T>(apply(load_pack<T>(from + e)...)));
     };
     // A store that crosses two lines of the cache costs twice.
     constexpr int worth_aligning = 16 * pack_bytes;
-    if (bytes >= worth_aligning) one_by_one_until(-reinterpret_cast<std::intptr_t>(d) & (pack_bytes - 1));
-    for (; e + pack_bytes <= bytes; e += pack_bytes)
-        store_pack(const_cast<Byte *>(d + e), Pack<T>(apply(load_pack<T>(from + e)...)));
-    one_by_one_until(bytes);
+    std::ptrdiff_t e = 0;
+    if (bytes >= worth_aligning) e = one_by_one(e, -reinterpret_cast<std::intptr_t>(d) & (pack_bytes - 1));
+#pragma GCC unroll 1
+    for (; e + four <= bytes; e += four)
+#pragma GCC unroll 4
+        for (int k = 0; k < four; k += pack_bytes) pack(e + k);
+#pragma GCC unroll 1
+    for (; e + pack_bytes <= bytes; e += pack_bytes) pack(e);
+    one_by_one(e, bytes);
 }
 
 // Calls f(T{}, Side<n>{}) for an element type and a side of 3 to 6; else, or if there is less than one group, nothing is

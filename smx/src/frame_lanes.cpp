@@ -1,6 +1,7 @@
 #include "frame_lanes.hpp"
 
 #include "lanes_lists.hpp"
+#include "lanes_runs.hpp"
 
 #include <limits.h>
 #include <stdint.h>
@@ -11,11 +12,10 @@ namespace {
 
 using Address = intptr_t;
 
-// The bytes of one object lie in [low, low + extent), of object n at n * stride0 behind that.
+// The bytes of one object lie in [low, low + extent), of object n at n * stride0 behind that, of all in [low, high).
 struct Footprint {
-    Address low;
-    ptrdiff_t extent;
-    ptrdiff_t stride0;
+    Address low, high;
+    ptrdiff_t extent, stride0;
 };
 
 int elements(const LaneOperand &o) {
@@ -36,18 +36,23 @@ ptrdiff_t strided_extent(const LaneOperand &o) {
     return (o.rows - 1) * o.stride1 + (o.columns - 1) * o.stride2 + o.element;
 }
 
-Footprint footprint_of_pointers(const LaneOperand &o) {
+Footprint footprint_from(Address low, ptrdiff_t extent, const LaneOperand &o, int count) {
+    const ptrdiff_t stride0 = o.single ? 0 : o.stride0;
+    return {low, low + (count - 1) * stride0 + extent, extent, stride0};
+}
+[[gnu::noinline]] Footprint footprint_of_pointers(const LaneOperand &o, int count) {
     Address low = entry(o, 0), high = low;
     for (int e = 1; e < elements(o); ++e) {
         const Address at = entry(o, e);
         low = at < low ? at : low;
         high = at > high ? at : high;
     }
-    return {low, high - low + o.element, o.single ? 0 : o.stride0};
+    return footprint_from(low, high - low + o.element, o, count);
 }
-[[gnu::always_inline]] inline Footprint footprint(const LaneOperand &o) {
-    if (o.addressing == Addressing::pointers) return footprint_of_pointers(o);
-    return {reinterpret_cast<Address>(o.base), strided_extent(o), o.single ? 0 : o.stride0};
+// Of a list, only the extent.
+[[gnu::always_inline]] inline Footprint footprint(const LaneOperand &o, int count) {
+    if (o.addressing == Addressing::pointers) return footprint_of_pointers(o, count);
+    return footprint_from(reinterpret_cast<Address>(o.base), strided_extent(o), o, count);
 }
 
 bool apart(Address low1, ptrdiff_t size1, Address low2, ptrdiff_t size2) {
@@ -111,8 +116,8 @@ struct Span {
 };
 Span span(const LaneOperand &o, int count) {
     if (o.addressing != Addressing::list) {
-        const Footprint f = footprint(o);
-        return {f.low, f.low + (count - 1) * f.stride0 + f.extent, false};
+        const Footprint f = footprint(o, count);
+        return {f.low, f.high, false};
     }
     const ptrdiff_t extent = strided_extent(o);
     Address low = entry(o, 0), high = entry(o, count - 1);
@@ -146,30 +151,12 @@ bool list_pair_is_safe(const LaneOperand &s, const LaneOperand &d, const Span &a
 }
 
 // Do different objects of a structure of arrays stay out of each other's way within a group?
-Verdict interleaved_alone(const LaneOperand &d, int width) {
-    return d.stride0 == d.element && lane_rows_apart(d, d, width, false) ? Verdict::always : Verdict::never;
+bool interleaved_alone(const LaneOperand &d, int width) {
+    return d.stride0 == d.element && lane_rows_apart(d, d, width, false);
 }
 
 ptrdiff_t floor_divide(ptrdiff_t a, ptrdiff_t b) {
     return a / b - (a % b < 0);
-}
-
-// A source and a result that are no lists, and whose bytes, of all objects of the call, meet somewhere.
-Verdict overlapping_pair(const LaneSource &source, const Footprint &fs, const LaneOperand &d, const Footprint &fd,
-                         int width) {
-    const LaneOperand &s = source.operand;
-    if (s.single || fs.stride0 != fd.stride0) return Verdict::never;
-    // Result m and source n overlap for the differences k = m - n with  distance + k stride0  in (-extent_d, extent_s).
-    const ptrdiff_t distance = fd.low - fs.low;
-    const ptrdiff_t first = floor_divide(-distance - fd.extent, fd.stride0) + 1;
-    const ptrdiff_t last = -floor_divide(-(fs.extent - distance), fd.stride0) - 1;
-    const ptrdiff_t from = first > -(width - 1) ? first : -(width - 1);
-    const ptrdiff_t to = last < width - 1 ? last : width - 1;
-    if (from > to) return Verdict::always;
-    if (from == 0 && to == 0) return fine_in_place(source, d) ? Verdict::always : Verdict::never;
-    if (fd.stride0 == d.element && s.element == d.element)
-        return lane_rows_apart(s, d, width, fine_in_place(source, d)) ? Verdict::always : Verdict::never;
-    return Verdict::never;
 }
 
 // The most objects that are loaded before any of them is stored, for the verdict on results of any element type.
@@ -180,6 +167,26 @@ int widest_group(const LanePlan &plan) {
         width = lanes > width ? lanes : width;
     }
     return width < plan.count ? width : plan.count;
+}
+
+// A source and a result that are no lists, and whose bytes, of all objects of the call, meet somewhere: is it fine to
+// load a group of them first?
+bool overlapping_pair(const LanePlan &plan, const LaneSource &source, const LaneOperand &d) {
+    const LaneOperand &s = source.operand;
+    const int width = widest_group(plan);
+    const Footprint fs = footprint(s, plan.count), fd = footprint(d, plan.count);
+    if (s.single || fs.stride0 != fd.stride0) return false;
+    // Result m and source n overlap for the differences k = m - n with  distance + k stride0  in (-extent_d, extent_s).
+    const ptrdiff_t distance = fd.low - fs.low;
+    const ptrdiff_t first = floor_divide(-distance - fd.extent, fd.stride0) + 1;
+    const ptrdiff_t last = -floor_divide(-(fs.extent - distance), fd.stride0) - 1;
+    const ptrdiff_t from = first > -(width - 1) ? first : -(width - 1);
+    const ptrdiff_t to = last < width - 1 ? last : width - 1;
+    if (from > to) return true;
+    if (from == 0 && to == 0) return fine_in_place(source, d);
+    if (fd.stride0 == d.element && s.element == d.element)
+        return lane_rows_apart(s, d, width, fine_in_place(source, d));
+    return false;
 }
 
 } // namespace
@@ -204,15 +211,6 @@ void note_far(LanePlan &plan) {
         if (is_far(plan.result[i], plan.count)) plan.far |= far_result(i);
 }
 
-// Footprints grow upwards. The interface refuses other strides; who calls a kernel may have objects that go down.
-bool goes_down(const LanePlan &plan) {
-    const auto signs = [](const LaneOperand &o) { return o.stride0 | o.stride1 | o.stride2; };
-    ptrdiff_t all = 0;
-    for (int i = 0; i < plan.sources; ++i) all |= signs(plan.source[i].operand);
-    for (int i = 0; i < plan.results; ++i) all |= signs(plan.result[i]);
-    return all < 0;
-}
-
 } // namespace
 
 // Every call comes through here: what most calls need is inline, and the rest out of the way.
@@ -224,31 +222,41 @@ void judge(LanePlan &plan) {
     plan.lists_are_seen = false;
     plan.alone = {};
     const int count = plan.count;
-    if (count < 2 || instruction_set() == InstructionSet::sequential || goes_down(plan)) return;
-    bool never = false;
-    const auto note = [&](Verdict found, unsigned doubt) {
-        never = never || found == Verdict::never;
-        if (found == Verdict::by_group) plan.doubts |= doubt;
+    if (count < 2 || instruction_set() == InstructionSet::sequential) return;
+    // Footprints grow upwards. The interface refuses other strides; who calls a kernel may have objects that go down.
+    const auto goes_down = [](const LaneOperand &o) { return (o.stride0 | o.stride1 | o.stride2) < 0; };
+    // Sources, then results.
+    Address low[8], high[8];
+    const auto look_at = [&](int k, const LaneOperand &o) __attribute__((always_inline)) {
+        const Footprint f = footprint(o, count);
+        low[k] = f.low;
+        high[k] = f.high;
+        return f;
     };
-    for (int i = 0; i < plan.results && !never; ++i) {
-        const LaneOperand &d = plan.result[i];
-        const bool listed = d.addressing == Addressing::list;
-        const Footprint fd = listed ? Footprint{} : footprint(d);
-        if (listed) note(Verdict::by_group, doubt_alone(i));
-        else if (fd.stride0 < fd.extent) note(interleaved_alone(d, widest_group(plan)), doubt_alone(i));
-        const auto pair = [&](const LaneSource &source) __attribute__((always_inline)) {
-            const LaneOperand &s = source.operand;
-            if (listed || s.addressing == Addressing::list) return Verdict::by_group;
-            const Footprint fs = footprint(s);
-            if (apart(fs.low, fs.extent + (count - 1) * fs.stride0, fd.low, fd.extent + (count - 1) * fd.stride0))
-                return Verdict::always;
-            return overlapping_pair(source, fs, d, fd, widest_group(plan));
-        };
-        for (int j = 0; j < plan.sources && !never; ++j) note(pair(plan.source[j]), doubt_source(i, j));
-        // Two results of one call must not meet at all.
-        for (int j = 0; j < i && !never; ++j) note(pair({plan.result[j], SameObject::none}), doubt_results(i, j));
+    const int sources = plan.sources;
+    for (int j = 0; j < sources; ++j) {
+        const LaneOperand &s = plan.source[j].operand;
+        if (goes_down(s)) return;
+        look_at(j, s);
     }
-    if (never) return;
+    for (int i = 0; i < plan.results; ++i) {
+        const LaneOperand &d = plan.result[i];
+        if (goes_down(d)) return;
+        const bool listed = d.addressing == Addressing::list;
+        const Footprint f = look_at(sources + i, d);
+        const auto apart = [&](int k) { return high[k] <= f.low || f.high <= low[k]; };
+        if (listed) plan.doubts |= doubt_alone(i);
+        else if (f.stride0 < f.extent && !interleaved_alone(d, widest_group(plan))) return;
+        for (int j = 0; j < sources; ++j) {
+            if (listed || plan.source[j].operand.addressing == Addressing::list) plan.doubts |= doubt_source(i, j);
+            else if (!apart(j) && !overlapping_pair(plan, plan.source[j], d)) return;
+        }
+        // Two results of one call must not meet at all.
+        for (int j = 0; j < i; ++j) {
+            if (listed || plan.result[j].addressing == Addressing::list) plan.doubts |= doubt_results(i, j);
+            else if (!apart(sources + j) && !overlapping_pair(plan, {plan.result[j], SameObject::none}, d)) return;
+        }
+    }
     if (count >= far_count) note_far(plan);
     plan.verdict = plan.doubts != 0 ? Verdict::by_group : Verdict::always;
     plan.watched = plan.doubts != 0 || plan.far != 0;
@@ -320,7 +328,7 @@ ptrdiff_t apart_sign(Address a, ptrdiff_t extent_a, Address b, ptrdiff_t extent_
 bool meets_no_other(const LaneOperand &s, const LaneOperand &d, bool in_place_fine, int first, int width) {
     const auto find = [first, width](const LaneOperand &o, Address(&object)[most_lanes]) {
         const bool listed = o.addressing == Addressing::list;
-        const Footprint f = listed ? Footprint{0, strided_extent(o), 0} : footprint(o);
+        const Footprint f = footprint(o, 1);
         for (int l = 0; l < width; ++l) object[l] = listed ? entry(o, first + l) : f.low + (first + l) * f.stride0;
         return f.extent;
     };
@@ -392,6 +400,13 @@ int safe_alone_until(const LanePlan &plan, int first) {
     int n = first;
     while (n < plan.count && group_is_safe(plan, n, 1)) ++n;
     return n;
+}
+
+void copy_run(const LaneRun &run) {
+    SMX_ON_ALL_LANES(ptrdiff_t{0}, copy_run_lanes, run);
+}
+void compute_run(const LaneRun &run, Arithmetic operation, double constant) {
+    SMX_ON_ALL_LANES(ptrdiff_t{0}, compute_run_lanes, run, operation, constant);
 }
 
 bool safe_in_pairs(const LanePlan &plan, int first) {

@@ -147,20 +147,23 @@ inline auto until_failure(One one) {
     };
 }
 
+// A lane function of the chosen instruction set and, for the objects that are too few for its width, those of the
+// narrower ones. Each is called with (plan, arguments..., first) and returns the first object that is not done.
+template <auto on_avx512, auto on_avx2, auto on_baseline, class Index, class Plan, class... Arguments>
+[[gnu::noinline]] inline Index on_all_lanes(Index first, const Plan &plan, Arguments... arguments) {
+    const InstructionSet widest = instruction_set();
+    if (widest >= InstructionSet::avx512) first = on_avx512(plan, arguments..., first);
+    if (widest >= InstructionSet::avx2 && first < plan.count) first = on_avx2(plan, arguments..., first);
+    return first < plan.count ? on_baseline(plan, arguments..., first) : first;
+}
+
 } // namespace SMX_ISA
 } // namespace smx
 
-// Calls a lane function of the chosen instruction set and, for the objects that are too few for its width, those of the
-// narrower ones. name(arguments..., first) must return the first object that is not done; no argument may be called as
-// the two local names are.
+// Calls the lane functions `name` with a plan (or a run), further arguments, and the first object.
 #ifdef SMX_WIDE_LANES
-#define SMX_ON_ALL_LANES(first, name, ...)                                                              \
-    [&](int not_done) {                                                                                 \
-        const smx::InstructionSet widest = smx::instruction_set();                                      \
-        if (widest >= smx::InstructionSet::avx512) not_done = smx::avx512::name(__VA_ARGS__, not_done); \
-        if (widest >= smx::InstructionSet::avx2) not_done = smx::avx2::name(__VA_ARGS__, not_done);     \
-        return smx::baseline::name(__VA_ARGS__, not_done);                                              \
-    }(first)
+#define SMX_ON_ALL_LANES(first, name, ...) \
+    smx::on_all_lanes<smx::avx512::name, smx::avx2::name, smx::baseline::name>(first, __VA_ARGS__)
 #else
-#define SMX_ON_ALL_LANES(first, name, ...) smx::baseline::name(__VA_ARGS__, first)
+#define SMX_ON_ALL_LANES(first, name, plan, ...) smx::baseline::name(plan __VA_OPT__(, ) __VA_ARGS__, first)
 #endif

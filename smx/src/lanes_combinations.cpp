@@ -12,25 +12,14 @@ bool packed(const LaneOperand &o) {
            (o.rows == 1 || o.stride1 == o.columns * o.stride2) && o.stride0 == o.rows * o.columns * o.stride2;
 }
 
-// Nothing is padded: one flat loop over all elements.
-template <bool two, class T>
+// Two sources and a result without gaps.
+template <class T>
 int flat(const LanePlan &plan, T factor1, T factor2, int first) {
     const LaneOperand &d = plan.result[0];
-    const std::ptrdiff_t offset = first * d.stride0, end = (plan.count - first) * d.stride0;
-    const Byte *const a = at(plan.source[0].operand.base, offset), *const out = at(d.base, offset);
-    const Byte *const b = two ? at(plan.source[1].operand.base, offset) : a;
-    const Pack<T> f1(factor1), f2(factor2);
-    std::ptrdiff_t e = 0;
-    for (; e + pack_bytes <= end; e += pack_bytes) {
-        Pack<T> x = f1 * load_pack<T>(a + e);
-        if constexpr (two) x = x + f2 * load_pack<T>(b + e);
-        store_pack(const_cast<Byte *>(out + e), x);
-    }
-    for (; e < end; e += static_cast<std::ptrdiff_t>(sizeof(T))) {
-        T x = factor1 * load_element<T>(a + e);
-        if constexpr (two) x = x + factor2 * load_element<T>(b + e);
-        store_element(out + e, x);
-    }
+    const std::ptrdiff_t done = first * d.stride0, bytes = (plan.count - first) * d.stride0;
+    if (leaves_run(bytes, 3)) return first;
+    run_of_elements<T>([=](auto x, auto y) { return factor1 * x + factor2 * y; }, at(d.base, done), bytes,
+                       at(plan.source[0].operand.base, done), at(plan.source[1].operand.base, done));
     return plan.count;
 }
 
@@ -74,8 +63,9 @@ int combine(const LanePlan &plan, double factor1, double factor2, int first) {
     const auto with = [&](auto zero) {
         using T = decltype(zero);
         const T f1 = static_cast<T>(factor1), f2 = static_cast<T>(factor2);
-        if (packed(plan.source[0].operand) && packed(plan.source[two ? 1 : 0].operand) && packed(d))
-            return flat<two>(plan, f1, f2, first);
+        if constexpr (two)
+            if (packed(plan.source[0].operand) && packed(plan.source[1].operand) && packed(d))
+                return flat(plan, f1, f2, first);
         int done = first;
         with_side(d.columns, [&]<int N>(Side<N>) {
             if (two) done = objects<true, T, 1, N>(plan, f1, f2, first);
@@ -89,7 +79,6 @@ int combine(const LanePlan &plan, double factor1, double factor2, int first) {
 } // namespace
 
 int combination_lanes(const LanePlan &plan, double factor1, double factor2, int first) {
-    if (first >= plan.count) return first;
     return plan.sources == 2 ? combine<true>(plan, factor1, factor2, first)
                              : combine<false>(plan, factor1, factor2, first);
 }

@@ -18,26 +18,6 @@ Byte *writable(const Byte *to) {
     return const_cast<Byte *>(to);
 }
 
-// All objects in one block, which does not meet the other one.
-struct WholeBlock {
-    const Byte *from, *to;
-    std::ptrdiff_t bytes; // 0 if there is none
-};
-WholeBlock whole(const LanePlan &plan, int first) {
-    const LaneOperand &s = plan.source[0].operand, &d = plan.result[0];
-    const std::ptrdiff_t object = static_cast<std::ptrdiff_t>(d.rows) * d.columns * d.element;
-    if (s.addressing != Addressing::strided || d.addressing != Addressing::strided || s.stride0 != object ||
-        d.stride0 != object)
-        return {};
-    const std::ptrdiff_t bytes = (plan.count - first) * object;
-    const Byte *const from = at(s.base, first * object);
-    const Byte *const to = at(d.base, first * object);
-    const std::uintptr_t x = reinterpret_cast<std::uintptr_t>(from), y = reinterpret_cast<std::uintptr_t>(to);
-    const std::uintptr_t size = static_cast<std::uintptr_t>(bytes);
-    if (x < y + size && y < x + size) return {};
-    return {from, to, bytes};
-}
-
 template <int bytes>
 struct Block {
     [[gnu::always_inline]] void operator()(Byte *to, const Byte *from) const {
@@ -149,14 +129,7 @@ SMX_LANE_LOOP int transposed_squares(const LanePlan &plan, int first) {
 template <class T>
 int copy(const LanePlan &plan, int first) {
     const LaneOperand &s = plan.source[0].operand, &d = plan.result[0];
-    if (by_rows(s) && by_rows(d)) {
-        const WholeBlock block = dense(s) && dense(d) ? whole(plan, first) : WholeBlock{};
-        if (block.bytes == 0) return blocks(plan, first);
-        if (block.bytes < far_bytes) std::memcpy(writable(block.to), block.from, static_cast<std::size_t>(block.bytes));
-        else if (leaves_run(block.bytes)) return first;
-        else run_of_elements<T>([](auto x) { return x; }, block.to, block.bytes, block.from);
-        return plan.count;
-    }
+    if (by_rows(s) && by_rows(d)) return blocks(plan, first);
     first = plane_by_plane<T>(
         plan, first, [](auto x) { return x; }, d, s);
     int done = first;
@@ -171,7 +144,6 @@ int copy(const LanePlan &plan, int first) {
 } // namespace
 
 int copy_lanes(const LanePlan &plan, int first) {
-    if (first >= plan.count) return first;
     return plan.result[0].element == sizeof(float) ? copy<float>(plan, first) : copy<double>(plan, first);
 }
 

@@ -1,6 +1,6 @@
 // Lane function of Copy, Extract and Transpose: objects from `first` on, returning the first object not done.
 #pragma once
 
-#include "frame_lanes.hpp"
+#include "lanes_runs.hpp"
 
 SMX_DECLARE_LANES(int, copy_lanes, const LanePlan &plan, int first)

@@ -7,36 +7,7 @@ inline namespace SMX_ISA {
 
 namespace {
 
-struct Add {
-    template <class V>
-    static V apply(V a, V b) {
-        return a + b;
-    }
-};
-struct Subtract {
-    template <class V>
-    static V apply(V a, V b) {
-        return a - b;
-    }
-};
-
-bool packed(const LaneOperand &o) {
-    return o.addressing == Addressing::strided && !o.transposed && !o.single && o.stride2 == o.element &&
-           o.stride1 == o.columns * o.stride2 && o.stride0 == o.rows * o.stride1;
-}
-
-// Nothing is padded: one flat loop.
-template <class Op, class T>
-int flat(const LanePlan &plan, int first) {
-    const LaneOperand &d = plan.result[0];
-    const std::ptrdiff_t done = first * d.stride0, bytes = (plan.count - first) * d.stride0;
-    if (leaves_run(bytes)) return first;
-    run_of_elements<T>([](auto x, auto y) { return Op::apply(x, y); }, at(d.base, done), bytes,
-                       at(plan.source[0].operand.base, done), at(plan.source[1].operand.base, done));
-    return plan.count;
-}
-
-template <class Op, class T, int N>
+template <Arithmetic operation, class T, int N>
 SMX_LANE_LOOP int square(const LanePlan &plan, int first) {
     using Access = LaneAccess<T, N, N>;
     const Access a(plan.source[0].operand), b(plan.source[1].operand), d(plan.result[0]);
@@ -46,7 +17,7 @@ SMX_LANE_LOOP int square(const LanePlan &plan, int first) {
                !x.o.transposed;
     };
     if (by_rows(a) && by_rows(b) && by_rows(d)) {
-        const auto sum = [](auto x, auto y) { return Op::apply(x, y); };
+        const auto sum = [](auto x, auto y) { return apply<operation>(x, y); };
         if (a.dense && b.dense && d.dense)
             return each_object_of<T, Loop::lists>(
                 plan, first,
@@ -65,32 +36,30 @@ SMX_LANE_LOOP int square(const LanePlan &plan, int first) {
         Pack<T> x[N * N], y[N * N];
         a.load(n, x);
         b.load(n, y);
-        for (int e = 0; e < N * N; ++e) x[e] = Op::apply(x[e], y[e]);
+        for (int e = 0; e < N * N; ++e) x[e] = apply<operation>(x[e], y[e]);
         d.store(n, x);
         return true;
     });
 }
 
-template <class Op>
+template <Arithmetic operation>
 int sum(const LanePlan &plan, int first) {
     const LaneOperand &d = plan.result[0];
-    if (packed(plan.source[0].operand) && packed(plan.source[1].operand) && packed(d))
-        return d.element == sizeof(float) ? flat<Op, float>(plan, first) : flat<Op, double>(plan, first);
-    const auto sum = [](auto x, auto y) { return Op::apply(x, y); };
+    const auto sum = [](auto x, auto y) { return apply<operation>(x, y); };
     const LaneOperand &a = plan.source[0].operand, &b = plan.source[1].operand;
     first = d.element == sizeof(float) ? plane_by_plane<float>(plan, first, sum, d, a, b)
                                        : plane_by_plane<double>(plan, first, sum, d, a, b);
     if (d.rows != d.columns) return first;
     return by_type_and_side(plan, d.element, d.rows, first, [&](auto zero, auto side) {
-        return square<Op, decltype(zero), decltype(side)::value>(plan, first);
+        return square<operation, decltype(zero), decltype(side)::value>(plan, first);
     });
 }
 
 } // namespace
 
-int matrix_sum_lanes(const LanePlan &plan, bool minus, int first) {
-    if (first >= plan.count) return first;
-    return minus ? sum<Subtract>(plan, first) : sum<Add>(plan, first);
+int matrix_sum_lanes(const LanePlan &plan, Arithmetic operation, int first) {
+    return operation == Arithmetic::subtract ? sum<Arithmetic::subtract>(plan, first)
+                                             : sum<Arithmetic::add>(plan, first);
 }
 
 } // namespace SMX_ISA

@@ -124,7 +124,8 @@ SMX_LANE_LOOP int groups(const LanePlan &plan, const LaneOperand &b, int first) 
 template <Arithmetic operation, class T, Second second>
 int long_objects(const LanePlan &plan, const LaneOperand &b, int first) {
     const LaneOperand &a = plan.source[0].operand, &d = plan.result[0];
-    if (d.columns < Pack<T>::width || leaves_run(d.columns * d.stride2) || is_in_doubt(plan)) return first;
+    if (d.columns < Pack<T>::width || leaves_run(d.columns * d.stride2, plan.sources + 1) || is_in_doubt(plan))
+        return first;
     if (!adjacent(a) || !adjacent(d) || !adjacent(b)) return first;
     const ObjectStarts x(a), y(b), z(d);
     for (int n = first; n < plan.count; ++n) {
@@ -137,15 +138,6 @@ int long_objects(const LanePlan &plan, const LaneOperand &b, int first) {
 template <Arithmetic operation, class T, Second second>
 int compute(const LanePlan &plan, const LaneOperand &b, int first) {
     const LaneOperand &a = plan.source[0].operand, &d = plan.result[0];
-    const bool one_constant = second == Second::constants && b.single;
-    if (packed(a) && packed(d) && (one_constant || (packed(b) && (second == Second::vectors || d.columns == 1)))) {
-        const std::ptrdiff_t done = first * d.stride0, bytes = (plan.count - first) * d.stride0;
-        if (leaves_run(bytes)) return first;
-        const Byte *const x = at(a.base, done), *const z = at(d.base, done);
-        if (one_constant) run<operation, T, false>(x, x, *static_cast<const T *>(b.base), z, bytes);
-        else run<operation, T, true>(x, at(b.base, done), T(0), z, bytes);
-        return plan.count;
-    }
     int done = first;
     if (!with_side(d.columns, [&]<int N>(Side<N>) {
             const auto in_run = [](const LaneOperand &o) {
@@ -183,7 +175,6 @@ int by_form(const LanePlan &plan, double value, int first) {
 } // namespace
 
 int vector_arithmetic_lanes(const LanePlan &plan, Arithmetic operation, double constant, int first) {
-    if (first >= plan.count) return first;
     switch (operation) {
     case Arithmetic::add: return by_form<Arithmetic::add>(plan, constant, first);
     case Arithmetic::subtract: return by_form<Arithmetic::subtract>(plan, constant, first);
