@@ -920,8 +920,9 @@ enum class Loop {
 };
 
 // Objects first .. count - 1 one after the other, each read whole before it is stored: only what overlaps within the
-// same object matters. body(start...) is given where each operand's object starts.
-template <class T, Loop kind = Loop::usual, class Body, class... Operands>
+// same object matters. body(start...) is given where each operand's object starts. Whether it reads and writes by masks
+// is told because that does not make the processor fetch ahead: a stream through memory is touched for it.
+template <class T, Loop kind = Loop::usual, bool masked = false, class Body, class... Operands>
 [[gnu::always_inline]] inline int each_object_of(const LanePlan &plan, int first, Body body,
                                                  const Operands &...operands) {
     const auto loop = [&](const auto... starts) __attribute__((always_inline)) {
@@ -932,11 +933,14 @@ template <class T, Loop kind = Loop::usual, class Body, class... Operands>
                     return true;
                 });
         const int last = safe_alone_until(plan, first);
-        if constexpr (kind == Loop::light) {
+        for (int n = first; n < last;) {
+            const int end = masked ? touched_until(plan, n, last) : last;
+            if constexpr (kind == Loop::light) {
 #pragma GCC unroll 4
-            for (int n = first; n < last; ++n) body(starts[n]...);
-        } else {
-            for (int n = first; n < last; ++n) body(starts[n]...);
+                for (; n < end; ++n) body(starts[n]...);
+            } else {
+                for (; n < end; ++n) body(starts[n]...);
+            }
         }
         return last;
     };

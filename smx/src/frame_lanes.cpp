@@ -193,22 +193,33 @@ bool overlapping_pair(const LanePlan &plan, const LaneSource &source, const Lane
 
 namespace {
 
-// Only objects of more than a line are worth a look at each line, and only from memory: in a cache it costs up to a tenth
-// of the call, behind it saves up to a half.
-constexpr ptrdiff_t far_object = 96;
-constexpr int far_count = 1024; // for what is computed in groups, at least
+constexpr int far_count = 1024; // at least, or it is not worth a look
 
-bool is_far(const LaneOperand &o, int count) {
-    const ptrdiff_t row = o.columns * ptrdiff_t{o.element}, bytes = o.rows * row;
-    const bool in_one_run = o.stride2 == o.element && (o.rows == 1 || o.stride1 == row);
-    return o.addressing == Addressing::strided && !o.single && in_one_run && bytes >= far_object &&
-           o.stride0 >= bytes && count * bytes >= far_bytes;
+// Is it more than a cache holds, in objects of one run each?
+bool is_far(const LaneOperand &o, ptrdiff_t bytes, int count) {
+    const bool in_one_run = o.stride2 == o.element && (o.rows == 1 || o.stride1 == o.columns * ptrdiff_t{o.element});
+    const bool apart =
+        o.addressing == Addressing::list || (o.addressing == Addressing::strided && o.stride0 >= bytes && !o.single);
+    return apart && in_one_run && count * bytes >= far_bytes;
+}
+// Groups are looked at only where an object is more than a line, or is read by masks, three floats: in a cache it costs up
+// to a tenth of the call, behind it saves up to a half.
+bool is_far_for_groups(const LaneOperand &o, ptrdiff_t bytes) {
+    return bytes >= 96 || (bytes == 12 && (o.addressing == Addressing::list || o.stride0 != bytes));
 }
 void note_far(LanePlan &plan) {
-    for (int i = 0; i < plan.sources; ++i)
-        if (is_far(plan.source[i].operand, plan.count)) plan.far |= far_source(i);
-    for (int i = 0; i < plan.results; ++i)
-        if (is_far(plan.result[i], plan.count)) plan.far |= far_result(i);
+    bool large_list = false;
+    const auto note = [&](const LaneOperand &o, unsigned bit) {
+        const ptrdiff_t bytes = ptrdiff_t{o.rows} * o.columns * o.element;
+        large_list = large_list || (o.addressing == Addressing::list && bytes > 16);
+        if (!is_far(o, bytes, plan.count)) return;
+        plan.far_masked |= bit;
+        if (is_far_for_groups(o, bytes)) plan.far |= bit;
+    };
+    for (int i = 0; i < plan.sources; ++i) note(plan.source[i].operand, far_source(i));
+    for (int i = 0; i < plan.results; ++i) note(plan.result[i], far_result(i));
+    // To touch such scattered objects takes longer than to wait for them.
+    if (large_list) plan.far = plan.far_masked = 0;
 }
 
 } // namespace
@@ -217,7 +228,7 @@ void note_far(LanePlan &plan) {
 void judge(LanePlan &plan) {
     plan.verdict = Verdict::never;
     plan.watched = false;
-    plan.far = 0;
+    plan.far = plan.far_masked = 0;
     plan.doubts = 0;
     plan.lists_are_seen = false;
     plan.alone = {};
@@ -299,21 +310,33 @@ bool begins_groups(const LanePlan &plan) {
     return is_in_doubt(plan) || plan.far != 0;
 }
 
-void touch_group(const LanePlan &plan, int first, int width) {
+void touch_group(const LanePlan &plan, unsigned operands, int first, int width) {
     constexpr ptrdiff_t line = 64;
     const auto touch_run = [](Address at, ptrdiff_t bytes) {
         for (ptrdiff_t b = 0; b < bytes; b += line) *reinterpret_cast<const volatile char *>(at + b);
     };
     const auto touch = [&](const LaneOperand &o) {
         const ptrdiff_t bytes = strided_extent(o);
+        if (o.addressing == Addressing::list) {
+            for (int l = 0; l < width; ++l) touch_run(entry(o, first + l), bytes);
+            return;
+        }
         const Address at = reinterpret_cast<Address>(o.base) + first * o.stride0;
         if (o.stride0 == bytes) return touch_run(at, width * bytes);
         for (int l = 0; l < width; ++l) touch_run(at + l * o.stride0, bytes);
     };
     for (int i = 0; i < plan.sources; ++i)
-        if (plan.far & far_source(i)) touch(plan.source[i].operand);
+        if (operands & far_source(i)) touch(plan.source[i].operand);
     for (int i = 0; i < plan.results; ++i)
-        if (plan.far & far_result(i)) touch(plan.result[i]);
+        if (operands & far_result(i)) touch(plan.result[i]);
+}
+
+int touched_until(const LanePlan &plan, int first, int last) {
+    constexpr int few = 16;
+    if (plan.far_masked == 0) return last;
+    const int end = last - first > few ? first + few : last;
+    touch_group(plan, plan.far_masked, first, end - first);
+    return end;
 }
 
 namespace {

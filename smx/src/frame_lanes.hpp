@@ -63,7 +63,8 @@ struct LanePlan {
     int count;
     int groups;   // of the widest lanes, that may be loaded before any of them is stored
     bool watched; // begin_group() may have something to do
-    unsigned far; // operands whose lines are touched ahead of a group, a bit each: see begin_group()
+    // Operands whose lines are touched ahead of a group (begin_group), or of objects that are read by masks, a bit each.
+    unsigned far, far_masked;
     // Lists are looked through by the first loop that needs to know more about them than it can see on its way.
     mutable Verdict verdict;
     mutable unsigned doubts;
@@ -82,8 +83,10 @@ inline bool is_in_doubt(const LanePlan &plan) {
 bool begins_groups(const LanePlan &plan);
 // May the objects first .. first + width - 1 be loaded before any of them is stored?
 bool group_is_safe(const LanePlan &plan, int first, int width);
-// Reads a byte of each line of the objects first .. first + width - 1, of the operands that are far.
-void touch_group(const LanePlan &plan, int first, int width);
+// Reads a byte of each line of the objects first .. first + width - 1, of those operands.
+void touch_group(const LanePlan &plan, unsigned operands, int first, int width);
+// Touches the next few objects that are read by masks: until where? If none is far, until the last one.
+int touched_until(const LanePlan &plan, int first, int last);
 // The first object from `first` on that may not be loaded whole before it is stored.
 int safe_alone_until(const LanePlan &plan, int first);
 // Are the objects from `first` on fine one by one although the sequential kernel takes them in pairs?

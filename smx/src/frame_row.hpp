@@ -15,6 +15,7 @@ struct Row {
                                                                          : 64;
     typedef T V __attribute__((vector_size(bytes)));
     static constexpr auto mask = static_cast<unsigned char>((1 << N) - 1);
+    static constexpr bool masked = N * sizeof(T) != bytes;
     V v;
     static Row all(T x) { return {x - V{}}; }
     static Row load(const Byte *from) {
@@ -55,6 +56,7 @@ struct Row {
     static constexpr int size = sizeof(T);
     static constexpr int bytes = N * size >= 32 && pack_bytes >= 32 ? 32 : N * size >= 16 ? 16 : 8;
     static constexpr int rest = N - bytes / size;
+    static constexpr bool masked = false;
     typedef T V __attribute__((vector_size(bytes)));
     struct Nothing {
         static Nothing all(T) { return {}; }
@@ -93,7 +95,7 @@ struct Together {
 #if defined(__AVX2__)
 template <class T>
 requires(pack_bytes > 4 * static_cast<int>(sizeof(T))) struct Together<T, 4> {
-    static constexpr bool exists = true;
+    static constexpr bool exists = true, masked = false;
     static constexpr int registers = 16 * static_cast<int>(sizeof(T)) / pack_bytes;
     using V = typename Pack<T>::Vector;
     static V load(const Byte *from, int r) { return load_pack<T>(from + r * pack_bytes).v; }
@@ -141,7 +143,7 @@ requires(pack_bytes > 4 * static_cast<int>(sizeof(T))) struct Together<T, 4> {
 #if defined(__AVX512F__)
 template <>
 struct Together<float, 3> {
-    static constexpr bool exists = true;
+    static constexpr bool exists = true, masked = true;
     using V = __m512;
     static constexpr __mmask16 mask = 0x1ff;
     template <int p>

@@ -20,24 +20,25 @@ Byte *writable(const Byte *to) {
 
 template <int bytes>
 struct Block {
+    static constexpr bool masked = masked_ends && bytes < 32 && bytes != 16;
     [[gnu::always_inline]] void operator()(Byte *to, const Byte *from) const {
-        if constexpr (masked_ends && bytes < 32 && bytes != 16) Row<float, bytes / 4>::load(from).store(to);
+        if constexpr (masked) Row<float, bytes / 4>::load(from).store(to);
         else element_by_element<float, bytes / 4>([](auto x) { return x; }, to, from);
     }
 };
 
 // Objects as blocks of `bytes`, or `height` rows of them a stride apart; a block may be copied onto itself.
-template <class CopyBlock>
+template <bool masked, class CopyBlock>
 [[gnu::always_inline]] inline int blocks(const LanePlan &plan, int first, CopyBlock copy_block) {
-    return each_object_of<float, Loop::light>(
+    return each_object_of<float, Loop::light, masked>(
         plan, first, [&](const Byte *from, const Byte *to) { copy_block(writable(to), from); }, plan.source[0].operand,
         plan.result[0]);
 }
-template <class CopyBlock>
+template <bool masked, class CopyBlock>
 [[gnu::always_inline]] inline int blocks(const LanePlan &plan, int first, int height, CopyBlock copy_block) {
-    if (height == 1) return blocks(plan, first, copy_block);
+    if (height == 1) return blocks<masked>(plan, first, copy_block);
     const std::ptrdiff_t from_row = plan.source[0].operand.stride1, to_row = plan.result[0].stride1;
-    return blocks(plan, first, [&](Byte *to, const Byte *from) {
+    return blocks<masked>(plan, first, [&](Byte *to, const Byte *from) {
         for (int i = 0; i < height; ++i) copy_block(writable(at(to, i * to_row)), at(from, i * from_row));
     });
 }
@@ -51,11 +52,12 @@ SMX_LANE_LOOP int blocks(const LanePlan &plan, int first) {
     const int height = dense(s) && dense(d) ? 1 : d.rows;
     const int bytes = d.columns * d.element * (height == 1 ? d.rows : 1);
     int done = first;
-    const auto rows = [&](auto block) { done = blocks(plan, first, height, block); };
-    const auto objects = [&](auto block) { done = blocks(plan, first, block); };
+    const auto rows = [&](auto block) { done = blocks<block.masked>(plan, first, height, block); };
+    const auto objects = [&](auto block) { done = blocks<false>(plan, first, block); };
     const bool known = with_block<12, 16, 20, 24, 32, 40, 48>(bytes, rows) ||
                        (height == 1 && with_block<36, 64, 72, 100, 128, 144, 200, 288>(bytes, objects));
-    if (!known) rows([bytes](Byte *to, const Byte *from) { std::memmove(to, from, static_cast<std::size_t>(bytes)); });
+    const auto any = [bytes](Byte *to, const Byte *from) { std::memmove(to, from, static_cast<std::size_t>(bytes)); };
+    if (!known) done = blocks<false>(plan, first, height, any);
     return done;
 }
 
@@ -120,7 +122,7 @@ SMX_LANE_LOOP int transposed_squares(const LanePlan &plan, int first) {
                 for (int k = 0; k < last; ++k) store_pack(writable(result + k * pack_bytes), out[k]);
                 store_end<T, N * N - last * W>(result + last * pack_bytes, out[last]);
             };
-            return each_object_of<T>(plan, first, transpose, s.o, d.o);
+            return each_object_of<T, Loop::usual, N == 3>(plan, first, transpose, s.o, d.o); // 3: nothing but an end
         }
     if (!masked_ends && s.way == Access::Way::rows && d.way == Access::Way::rows) return first;
     return packs<T, N, N>(plan, first);

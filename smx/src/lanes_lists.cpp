@@ -134,7 +134,7 @@ bool list_group_apart(const std::intptr_t *list, int width, std::intptr_t extent
 }
 
 bool begin_group(const LanePlan &plan, int first, int width) {
-    if (plan.far != 0) touch_group(plan, first, width);
+    if (plan.far != 0) touch_group(plan, plan.far, first, width);
     if (plan.doubts == 0) return true;
     const ListAlone &alone = plan.alone;
     if (alone.list == nullptr) return group_is_safe(plan, first, width);

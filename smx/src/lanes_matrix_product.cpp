@@ -46,13 +46,13 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
             if (a.way == Access::Way::rows && a.dense && b.dense && d.dense && !a.o.transposed) {
                 if (single_second != nullptr) {
                     const Together<T, N> once(single_second);
-                    return each_object_of<T, Loop::lists>(
+                    return each_object_of<T, Loop::lists, Together<T, N>::masked>(
                         plan, first,
                         [&](const Byte *x, const Byte *z)
                             __attribute__((always_inline)) { once.template product<from_zero>(x, z); },
                         a.o, d.o);
                 }
-                return each_object_of<T, Loop::lists>(
+                return each_object_of<T, Loop::lists, Together<T, N>::masked>(
                     plan, first, [](const Byte *x, const Byte *y, const Byte *z) __attribute__((always_inline)) {
                         Together<T, N>(y).template product<from_zero>(x, z);
                     },
@@ -63,14 +63,14 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
         if (single_second != nullptr) {
             Row<T, N> second[N];
             read_rows<T, N>(single_second, b_row, second);
-            return each_object_of<T, Loop::lists>(
+            return each_object_of<T, Loop::lists, Row<T, N>::masked>(
                 plan, first,
                 [&](const Byte *x, const Byte *z) __attribute__((always_inline)) {
                     rows_product<T, N, from_zero>(x, a_row, a_column, second, z, d_row);
                 },
                 a.o, d.o);
         }
-        return each_object_of<T, Loop::lists>(
+        return each_object_of<T, Loop::lists, Row<T, N>::masked>(
             plan, first,
             [&](const Byte *x, const Byte *y, const Byte *z) __attribute__((always_inline)) {
                 Row<T, N> second[N];

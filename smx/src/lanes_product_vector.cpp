@@ -42,8 +42,9 @@ int product_by_columns(const LanePlan &plan, int first) {
         if constexpr (adds) sum = sum + load_end<T, N>(c);
         store_end<T, N>(d, sum);
     };
-    return each_object_of<T, loop<from_zero>>(plan, first, one, matrix, vector, plan.source[adds ? 2 : 1].operand,
-                                              plan.result[0]);
+    // The matrix of three is read by one masked load.
+    return each_object_of<T, loop<from_zero>, N == 3>(plan, first, one, matrix, vector,
+                                                      plan.source[adds ? 2 : 1].operand, plan.result[0]);
 }
 
 // The same for three doubles a row, in shorter registers, which cross fewer lines of the cache.
@@ -85,7 +86,7 @@ int one_matrix(const LanePlan &plan, int first) {
         column[p] = Column::load(reinterpret_cast<const Byte *>(elements));
     }
     const std::ptrdiff_t step = vector.stride2;
-    return each_object_of<T, loop<from_zero>>(
+    return each_object_of<T, loop<from_zero>, Column::masked>(
         plan, first,
         [&](const Byte *b, const Byte *c, const Byte *d) {
             Column sum = column[0] * Column::all(load_element<T>(b));

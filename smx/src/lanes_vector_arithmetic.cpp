@@ -83,7 +83,7 @@ SMX_LANE_LOOP int packed_groups(const LanePlan &plan, const LaneOperand &b, int 
 template <Arithmetic operation, class T, int N, Second second>
 SMX_LANE_LOOP int objects(const LanePlan &plan, const LaneOperand &b, int first) {
     using Vector = Row<T, N>;
-    return each_object_of<T>(
+    return each_object_of<T, Loop::usual, Vector::masked>(
         plan, first,
         [](const Byte *x, const Byte *y, const Byte *z) {
             const Vector beside = second == Second::vectors ? Vector::load(y) : Vector::all(load_element<T>(y));

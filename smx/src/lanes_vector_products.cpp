@@ -65,7 +65,7 @@ SMX_LANE_LOOP int cross(const LanePlan &plan, int first) {
         const auto rows = [](const auto &x) { return is_known(x, Known::strided) || is_known(x, Known::listed); };
         const bool all_packed = a.packed && b.packed && dst.packed;
         if (rows(a) && rows(b) && rows(dst) && !all_packed)
-            return each_object_of<T>(
+            return each_object_of<T, Loop::usual, Row<T, 3>::masked>(
                 plan, first,
                 [](const Byte *from, const Byte *beside, const Byte *to) {
                     using Vector = Row<T, 3>;
