@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <optional>
 #include <string>
 
 #include "members.hpp"
@@ -90,18 +91,26 @@ void mixtures(const Member &member) {
         }
 }
 
-// Functions of one array of matrices meet more of them than the caches hold, too; doubles are that sooner.
-constexpr int far_count = 30000;
-bool may_be_far(const Member &member) {
+// More objects than the caches hold: functions of one array of matrices, of which doubles are that sooner, and some with
+// rows of three floats.
+std::optional<Shape> far_shape(const Member &member) {
     int matrices = 0;
     for (const Operand &o : member.row->operands) matrices += o.source && o.array && o.structure == Structure::matrix;
-    return matrices == 1 && member.layout == Layout::strided && member.element == 8;
+    if (matrices == 1 && member.layout == Layout::strided && member.element == 8)
+        return shaped(6, 30000, variations[0]);
+    constexpr std::pair<const char *, int> of_three[] = {
+        {"Add_vava", 710000}, {"Copy_va", 710000},           {"DotProduct_vava", 710000}, {"Mul_mama", 240000},
+        {"Mul_mva", 710000},  {"CrossProduct_vava", 710000}, {"Transpose_ma", 240000}};
+    for (const auto &[row, count] : of_three)
+        if (member.row->name == row && member.element == 4 && member.layout != Layout::pointers)
+            return shaped(3, count, variations[member.layout == Layout::list ? 2 : 0]);
+    return {};
 }
 void far(const Member &member) {
-    if (!may_be_far(member)) return;
-    const Shape shape = shaped(6, far_count, variations[0]);
-    Call call(member, shape);
-    report(member, shape, "far", call);
+    const auto shape = far_shape(member);
+    if (!shape) return;
+    Call call(member, *shape);
+    report(member, *shape, "far", call);
 }
 
 // Elements at addresses that no element should have.
@@ -116,14 +125,17 @@ void misaligned(const Member &member) {
             }
 }
 
-// Strides are compared with nothing but the element size, so objects, rows and elements may lie between each other.
+// Strides are compared with nothing but the element size, so objects, rows and elements may lie between each other, and
+// on each other.
 void woven(const Member &member) {
-    for (const int side : {3, 4, 5, 6}) {
-        Shape shape = shaped(side, 37, variations[0]);
-        shape.woven = true;
-        Call call(member, shape);
-        report(member, shape, "woven", call);
-    }
+    for (const int side : {3, 4, 5, 6})
+        for (const bool folded : {false, true}) {
+            Shape shape = shaped(side, 37, variations[0]);
+            shape.woven = !folded;
+            shape.folded = folded;
+            Call call(member, shape);
+            report(member, shape, folded ? "folded" : "woven", call);
+        }
 }
 
 // Matrices that are no squares.
@@ -245,7 +257,7 @@ void guard(const Member &member, const Shape &shape) {
 void guard(const Member &member) {
     for (const int side : {3, 4, 5, 6})
         for (const Variation &v : variations) guard(member, shaped(side, 35, v));
-    if (may_be_far(member)) guard(member, shaped(6, far_count, variations[0]));
+    if (const auto shape = far_shape(member)) guard(member, *shape);
 }
 
 } // namespace

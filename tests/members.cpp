@@ -258,6 +258,7 @@ void Call::place(const Operand &o) {
         b.stride1 = size * e.columns;
         b.stride0 = b.stride1 * e.rows;
     }
+    if (shape_.folded && !o.source && !dense) b.stride1 = b.stride2 * (e.columns - 1);
     b.bytes = static_cast<std::size_t>((e.objects - 1) * b.stride0 + (e.rows - 1) * b.stride1 +
                                        (e.columns - 1) * b.stride2 + size);
     // Room for the operand to be moved over by an overlap, and canaries on both sides.

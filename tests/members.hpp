@@ -72,6 +72,7 @@ struct Shape {
     bool lanes = false;    // objects follow each other element by element (a structure of arrays)
     bool shuffled = false; // lists and pointer tables in no order
     bool woven = false;    // sources with the rows and objects of adjacent elements, but elements twice as far apart
+    bool folded = false;   // results whose rows end where the next one begins
     int mixed = 0;         // not 0: each operand has its own gaps, dealt out anew for each number
     int shift = 0;         // ROI shift, in elements
     int nudge = 0;         // bytes by which matrices and vectors miss the alignment of their elements

@@ -224,6 +224,8 @@ TEST(Calls, AShiftThatDoesNotFitIsNotHandedOn) {
     Arguments a = arguments(m, different, 4, true);
     a.integers["src1Stride0"] = 0x40000000;
     EXPECT_EQ(drive(m, a).size(), 1u);
+    a.integers["src1Stride0"] = -0x60000000; // as nobody but the caller of a driver can give it
+    EXPECT_EQ(drive(m, a).size(), 1u);
     a.integers["src1Stride0"] = 0x20000000;
     EXPECT_EQ(drive(m, a).size(), 2u);
     threads_omp_of_n_smk = 1;

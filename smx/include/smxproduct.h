@@ -584,7 +584,7 @@ SMX_API SmxStatus smxMul_tac_64f_L(const double *const *src, int srcRoiShift, in
  *           stride2 is not the element size the sums of 5 and 6 are (((p0 + p4) + p1) + p2) + p3 and
  *           (((p0 + (p4 + p5)) + p1) + p2) + p3: they may differ from the others in the last bits.
  * Strides   in bytes, positive multiples of the element size; see smx.h.
- * Overlap   dst[n] may overlap src1 or src2 of object n in the arrays of vav and vava, but no later object, nor the
+ * Overlap   dst[n] may overlap src1 or src2 of object n in the arrays of vav and vava, but no other object, nor the
  *           single vector of vav.
  * Checks    null, count, size, strides, shifts.
  *           smxStsNullPtrErr, smxStsCountMatrixErr, smxStsSizeErr, smxStsStrideMatrixErr, smxStsRoiShiftMatrixErr.
@@ -710,7 +710,7 @@ SMX_API SmxStatus smxCrossProduct_vava_64f_L(const double *const *src1, int src1
  * Order     ascending p, in double for both types, rounded once after the root: a float norm overflows only where the
  *           norm itself does. There is no scaling: squares of doubles above about 1e154 give infinity.
  * Strides   in bytes, positive multiples of the element size; see smx.h.
- * Overlap   dst[n] may overlap src(n), but no later object.
+ * Overlap   dst[n] may overlap src(n), but no other object.
  * Checks    null, count, size, strides, shifts.
  *           smxStsNullPtrErr, smxStsCountMatrixErr, smxStsSizeErr, smxStsStrideMatrixErr, smxStsRoiShiftMatrixErr.
  * Status    no other failure: 0 means that every element of dst has been written.
@@ -989,7 +989,7 @@ SMX_API SmxStatus smxTrace_ma_64f_L(const double *const *src, int srcRoiShift, i
  *             ma    but for 3 by 3 matrices and those of 4, 5 or 6 columns (no suffix and _L)
  *             ma_P  but for 3 by 3 matrices
  * Strides   in bytes, positive multiples of the element size; see smx.h.
- * Overlap   dst[n] may overlap src(n), but no later object.
+ * Overlap   dst[n] may overlap src(n), but no other object.
  * Checks    null, count, size, strides, shifts.
  *           smxStsNullPtrErr, smxStsCountMatrixErr, smxStsSizeErr, smxStsStrideMatrixErr, smxStsRoiShiftMatrixErr.
  * Status    no other failure: 0 means that every element of dst has been written.

@@ -148,7 +148,8 @@ struct Pointers : Unchecked {
     constexpr bool shift_bad() const { return smx::bad_shift<T>(shift); }
     // A driver hands a share its first object as a shift, which is an int.
     constexpr bool shift_fits(std::ptrdiff_t first) const {
-        return static_cast<long long>(shift) + static_cast<long long>(first) * stride0 <= 0x7fffffffLL;
+        const long long last = static_cast<long long>(shift) + static_cast<long long>(first) * stride0;
+        return last == static_cast<int>(last);
     }
     auto object(int n, int columns = 0) const {
         return PointerView<T>{table, shift + (Array ? static_cast<std::ptrdiff_t>(stride0) * n : 0), columns};
