@@ -365,8 +365,14 @@ template <class T, int L, int first = 0, class Rows>
 #if defined(__AVX2__)
 constexpr bool rearranges = true;
 
+// Elements of several registers come together by permutations of two, or by blends, each element in its own lane, with
+// one permutation after or before them. Blends go anywhere in the processor, but are more operations: better where
+// permutations of two take several operations themselves, and where there is nothing else to do.
+enum class By { pairs, blends };
+constexpr By usual_way = pack_bytes > 32 ? By::pairs : By::blends;
+
 // Register k of the result: its lane l is element Map::at(k W + l) of all elements of in[], register after register.
-template <class T, class Map, int k, int registers>
+template <class T, class Map, int k, int registers, By by = usual_way>
 struct Rearranged {
     using V = typename Pack<T>::Vector;
     static constexpr int W = Pack<T>::width;
@@ -386,8 +392,34 @@ struct Rearranged {
             return added<next(r + 1)>(
                 in, __builtin_shufflevector(there, in[r].v, (wanted(l) / W == r ? W + wanted(l) % W : l)...), lanes);
     }
+    // Which register gives the element that lies in a lane there: -1 if none does, or two do.
+    static constexpr int giver(int lane) {
+        int found = -1, givers = 0;
+        for (int l = 0; l < W; ++l)
+            if (wanted(l) % W == lane) {
+                found = wanted(l) / W;
+                ++givers;
+            }
+        return givers == 1 ? found : -1;
+    }
+    static constexpr bool one_a_lane() {
+        for (int l = 0; l < W; ++l)
+            if (giver(l) < 0) return false;
+        return true;
+    }
+    template <int r, int... l>
+    [[gnu::always_inline]] static V blended(const Pack<T> *in, V there, std::integer_sequence<int, l...> lanes) {
+        if constexpr (r == registers) return there;
+        else
+            return blended<next(r + 1)>(in, __builtin_shufflevector(there, in[r].v, (giver(l) == r ? W + l : l)...),
+                                        lanes);
+    }
     template <int... l>
     [[gnu::always_inline]] static V of(const Pack<T> *in, std::integer_sequence<int, l...> lanes) {
+        if constexpr (by == By::blends && next(next(next(0) + 1) + 1) < registers && one_a_lane()) {
+            const V mixed = blended<next(next(0) + 1)>(in, in[next(0)].v, lanes);
+            return __builtin_shufflevector(mixed, mixed, wanted(l) % W...);
+        }
         constexpr int r = next(0), second = next(r + 1), s = second == registers ? r : second;
         const V two = __builtin_shufflevector(in[r].v, in[s].v,
                                               (wanted(l) / W == r   ? wanted(l) % W
@@ -397,10 +429,10 @@ struct Rearranged {
     }
 };
 
-template <class T, class Map, int registers, int... k>
+template <class T, class Map, int registers, By by = usual_way, int... k>
 [[gnu::always_inline]] inline void rearrange(const Pack<T> *in, Pack<T> *out, std::integer_sequence<int, k...>) {
     constexpr auto lanes = std::make_integer_sequence<int, Pack<T>::width>{};
-    ((out[k] = Rearranged<T, Map, k, registers>::of(in, lanes)), ...);
+    ((out[k] = Rearranged<T, Map, k, registers, by>::of(in, lanes)), ...);
 }
 
 // W objects of L elements, side by side in L registers, and one pack an element; put_together is the way back.
@@ -411,6 +443,19 @@ struct TakeApart {
 template <class T, int L>
 struct PutTogether {
     static constexpr int at(int e) { return e % L * Pack<T>::width + e / L; }
+};
+// For an odd L by blends: each element c of object l to the lane where it belongs in some register, then the registers.
+template <class T, int L, int c>
+struct ToItsLane {
+    static constexpr int at(int lane) {
+        int l = 0;
+        while ((l * L + c) % Pack<T>::width != lane) ++l;
+        return l;
+    }
+};
+template <class T, int L>
+struct InItsLane {
+    static constexpr int at(int e) { return e % L * Pack<T>::width + e % Pack<T>::width; }
 };
 // For an even L in two steps, of which each looks at half of the registers. First the even (odd) elements of registers
 // k and k + L / 2, which hold the same elements of objects that are W / 2 apart; both 16 bytes of the one, then of the
@@ -444,7 +489,7 @@ struct Halves {
         static constexpr int at(int l) { return l % 2 * W + place(l / 2 * 2, second); }
     };
 };
-template <class T, int L>
+template <class T, int L, By by = usual_way>
 [[gnu::always_inline]] inline void take_apart(const Pack<T> *in, Pack<T> *out) {
     if constexpr (L % 2 == 0) {
         using H = Halves<T, L>;
@@ -457,15 +502,15 @@ template <class T, int L>
             rearrange<T, typename H::template Split<0>, 2>(two, even + k, one);
             rearrange<T, typename H::template Split<1>, 2>(two, odd + k, one);
         }
-        rearrange<T, typename H::TakeApart, half>(even, result, registers);
+        rearrange<T, typename H::TakeApart, half, by>(even, result, registers);
         for (int k = 0; k < half; ++k) out[2 * k] = result[k];
-        rearrange<T, typename H::TakeApart, half>(odd, result, registers);
+        rearrange<T, typename H::TakeApart, half, by>(odd, result, registers);
         for (int k = 0; k < half; ++k) out[2 * k + 1] = result[k];
     } else {
-        rearrange<T, TakeApart<T, L>, L>(in, out, std::make_integer_sequence<int, L>{});
+        rearrange<T, TakeApart<T, L>, L, by>(in, out, std::make_integer_sequence<int, L>{});
     }
 }
-template <class T, int L>
+template <class T, int L, By by = usual_way>
 [[gnu::always_inline]] inline void put_together(const Pack<T> *in, Pack<T> *out) {
     if constexpr (L % 2 == 0) {
         using H = Halves<T, L>;
@@ -474,33 +519,44 @@ template <class T, int L>
         constexpr auto one = std::make_integer_sequence<int, 1>{};
         Pack<T> even[half], odd[half], source[half];
         for (int k = 0; k < half; ++k) source[k] = in[2 * k];
-        rearrange<T, typename H::PutTogether, half>(source, even, registers);
+        rearrange<T, typename H::PutTogether, half, by>(source, even, registers);
         for (int k = 0; k < half; ++k) source[k] = in[2 * k + 1];
-        rearrange<T, typename H::PutTogether, half>(source, odd, registers);
+        rearrange<T, typename H::PutTogether, half, by>(source, odd, registers);
         for (int k = 0; k < half; ++k) {
             const Pack<T> two[2] = {even[k], odd[k]};
             rearrange<T, typename H::template Join<0>, 2>(two, out + k, one);
             rearrange<T, typename H::template Join<1>, 2>(two, out + k + half, one);
         }
+    } else if constexpr (by == By::blends) {
+        constexpr auto registers = std::make_integer_sequence<int, L>{};
+        Pack<T> in_lane[L];
+        [&]<int... c>(std::integer_sequence<int, c...>) {
+            constexpr auto lanes = std::make_integer_sequence<int, Pack<T>::width>{};
+            ((in_lane[c] = Rearranged<T, ToItsLane<T, L, c>, 0, 1>::of(in + c, lanes)), ...);
+        }
+        (registers);
+        rearrange<T, InItsLane<T, L>, L, by>(in_lane, out, registers);
     } else {
         rearrange<T, PutTogether<T, L>, L>(in, out, std::make_integer_sequence<int, L>{});
     }
 }
-template <class T, int L>
+template <class T, int L, By by = usual_way>
 [[gnu::always_inline]] inline void load_side_by_side(const Byte *from, Pack<T> *out) {
     Pack<T> in[L];
     for (int k = 0; k < L; ++k) in[k] = load_pack<T>(from + k * pack_bytes);
-    take_apart<T, L>(in, out);
+    take_apart<T, L, by>(in, out);
 }
-template <class T, int L>
+template <class T, int L, By by = usual_way>
 [[gnu::always_inline]] inline void store_side_by_side(const Byte *to, const Pack<T> *in) {
     Pack<T> out[L];
-    put_together<T, L>(in, out);
+    put_together<T, L, by>(in, out);
     for (int k = 0; k < L; ++k) store_pack(const_cast<Byte *>(to + k * pack_bytes), out[k]);
 }
 #else
 constexpr bool rearranges = false;
-template <class T, class Map, int k, int registers>
+enum class By { pairs, blends };
+constexpr By usual_way = By::pairs;
+template <class T, class Map, int k, int registers, By by = By::pairs>
 struct Rearranged;
 template <class T, class Map, int registers, class Registers>
 void rearrange(const Pack<T> *in, Pack<T> *out, Registers);
@@ -508,9 +564,9 @@ template <class T, int L>
 void take_apart(const Pack<T> *in, Pack<T> *out);
 template <class T, int L>
 void put_together(const Pack<T> *in, Pack<T> *out);
-template <class T, int L>
+template <class T, int L, By by = By::pairs>
 void load_side_by_side(const Byte *from, Pack<T> *out);
-template <class T, int L>
+template <class T, int L, By by = By::pairs>
 void store_side_by_side(const Byte *to, const Pack<T> *in);
 #endif
 

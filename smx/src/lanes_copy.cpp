@@ -80,7 +80,14 @@ SMX_LANE_LOOP int packs(const LanePlan &plan, int first) {
             if (!is_known(s, source) || !is_known(d, result)) return false;
             const Objects<source, T, R, C> from(s);
             const Objects<result, T, R, C> to(d);
-            done = each_group<T>(plan, first, [&](int n) { return through(n, from, to); });
+            done = each_group<T>(plan, first, [&](int n) {
+                Pack<T> x[C];
+                if constexpr (from.few) load_side_by_side<T, C, By::blends>(from.group(n), x);
+                else from.load(n, x);
+                if constexpr (to.few) store_side_by_side<T, C, By::blends>(to.group(n), x);
+                else to.store(n, x);
+                return true;
+            });
             return true;
         };
         if (between(Fixed<planes>{}, Fixed<packed>{}) || between(Fixed<packed>{}, Fixed<planes>{})) return done;

@@ -125,6 +125,80 @@ int one_matrix_of_four(const LanePlan &plan, int first) {
     });
 }
 
+// And for vectors of three without gaps, W of them in three registers, which stay as they lie: element e of them is the sum
+// of the elements p of its own vector times (e % 3, p) of the matrix. The elements p of all vectors, each at three places,
+// come from the registers at once, or first all into one, each in its own lane.
+template <int p>
+struct OfOwnVector {
+    static constexpr int at(int e) { return e - e % 3 + p; }
+};
+template <int p, int W>
+struct OfOwnLane {
+    static constexpr int at(int lane) {
+        int e = p;
+        while (e % W != lane) e += 3;
+        return e;
+    }
+};
+template <int p, int W>
+struct FromItsLane {
+    static constexpr int at(int e) { return OfOwnVector<p>::at(e) % W; }
+};
+template <class T, int p>
+[[gnu::always_inline]] inline void elements_of_own_vectors(const Pack<T> (&x)[3], Pack<T> (&out)[3]) {
+    constexpr int W = Pack<T>::width;
+    constexpr auto three = std::make_integer_sequence<int, 3>{};
+    if constexpr (usual_way == By::pairs) {
+        rearrange<T, OfOwnVector<p>, 3>(x, out, three);
+    } else {
+        constexpr auto lanes = std::make_integer_sequence<int, W>{};
+        const Pack<T> one = Rearranged<T, OfOwnLane<p, W>, 0, 3>::of(x, lanes);
+        rearrange<T, FromItsLane<p, W>, 1>(&one, out, three);
+    }
+}
+template <int p>
+struct OfRowThere { // and what of the matrix they are multiplied by
+    static constexpr int at(int e) { return e % 3 * 3 + p; }
+};
+template <class T, bool from_zero, bool adds>
+int one_matrix_of_three(const LanePlan &plan, int first) {
+    constexpr int W = Pack<T>::width;
+    const LaneAccess<T, 3, 3> matrix(plan.source[0].operand);
+    constexpr int registers = (9 + W - 1) / W;
+    T elements[registers * W] = {};
+    for (int i = 0; i < 3; ++i)
+        for (int p = 0; p < 3; ++p)
+            elements[i * 3 + p] =
+                load_element<T>(matrix.o.transposed ? matrix.address(0, p, i) : matrix.address(0, i, p));
+    Pack<T> nine[registers], m[3][3]; // m[p][k]
+    for (int k = 0; k < registers; ++k) nine[k] = load_pack<T>(elements + k * W);
+    constexpr auto all = std::make_integer_sequence<int, 3>{};
+    rearrange<T, OfRowThere<0>, registers>(nine, m[0], all);
+    rearrange<T, OfRowThere<1>, registers>(nine, m[1], all);
+    rearrange<T, OfRowThere<2>, registers>(nine, m[2], all);
+    const auto start = [](const LaneOperand &o) { return static_cast<const Byte *>(o.base); };
+    const Byte *const b = start(plan.source[1].operand), *const c = start(plan.source[adds ? 2 : 1].operand);
+    const Byte *const d = start(plan.result[0]);
+    return each_group<T>(plan, first, [&](int n) {
+        const std::ptrdiff_t offset = std::ptrdiff_t{3 * sizeof(T)} * n;
+        Pack<T> x[3], element[3], sum[3];
+        for (int k = 0; k < 3; ++k) x[k] = load_pack<T>(b + offset + k * pack_bytes);
+        elements_of_own_vectors<T, 0>(x, element);
+        for (int k = 0; k < 3; ++k) sum[k] = element[k] * m[0][k];
+        if constexpr (from_zero)
+            for (int k = 0; k < 3; ++k) sum[k] = Pack<T>(T(0)) + sum[k];
+        elements_of_own_vectors<T, 1>(x, element);
+        for (int k = 0; k < 3; ++k) sum[k] = sum[k] + element[k] * m[1][k];
+        elements_of_own_vectors<T, 2>(x, element);
+        for (int k = 0; k < 3; ++k) sum[k] = sum[k] + element[k] * m[2][k];
+        for (int k = 0; k < 3; ++k) {
+            if constexpr (adds) sum[k] = sum[k] + load_pack<T>(c + offset + k * pack_bytes);
+            store_pack(const_cast<Byte *>(d + offset + k * pack_bytes), sum[k]);
+        }
+        return true;
+    });
+}
+
 template <class T, int N, bool from_zero, bool adds>
 SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
     using Num = Pack<T>;
@@ -155,6 +229,8 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
         const bool packed = vector.packed && added.packed && dst.packed;
         if constexpr (N == 4 && Together<T, N>::exists)
             if (packed) return one_matrix_of_four<T, from_zero, adds>(plan, first);
+        if constexpr (N == 3 && rearranges)
+            if (packed) return one_matrix_of_three<T, from_zero, adds>(plan, first);
         if (by_columns && (few_lanes || !packed || (sizeof(T) == 8 && N != 3)))
             return one_matrix<T, N, from_zero, adds>(plan, first);
         if constexpr (few_lanes) return first;
