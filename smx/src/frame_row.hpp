@@ -7,7 +7,53 @@
 namespace smx {
 inline namespace SMX_ISA {
 
+template <class T>
+struct SingleElement {
+    T v;
+    static SingleElement all(T x) { return {x}; }
+    static SingleElement load(const Byte *from) { return {load_element<T>(from)}; }
+    void store(const Byte *to) const { store_element(to, v); }
+    friend SingleElement operator+(SingleElement a, SingleElement b) { return {a.v + b.v}; }
+    friend SingleElement operator-(SingleElement a, SingleElement b) { return {a.v - b.v}; }
+    friend SingleElement operator*(SingleElement a, SingleElement b) { return {a.v * b.v}; }
+};
+// The widest vector that fits, then the rest by itself.
+template <class T, int N>
+struct RowInParts {
+    static constexpr int size = sizeof(T);
+    static constexpr int bytes = N * size >= 32 && pack_bytes >= 32 ? 32 : N * size >= 16 ? 16 : 8;
+    static constexpr int rest = N - bytes / size;
+    static constexpr bool masked = false;
+    typedef T V __attribute__((vector_size(bytes)));
+    struct Nothing {
+        static Nothing all(T) { return {}; }
+        static Nothing load(const Byte *) { return {}; }
+        void store(const Byte *) const {}
+        friend Nothing operator+(Nothing, Nothing) { return {}; }
+        friend Nothing operator-(Nothing, Nothing) { return {}; }
+        friend Nothing operator*(Nothing, Nothing) { return {}; }
+    };
+    using Tail = std::conditional_t < rest == 0, Nothing,
+          std::conditional_t<rest == 1, SingleElement<T>, RowInParts<T, rest<2 ? 2 : rest>>>;
+    V v;
+    Tail tail;
+    static RowInParts all(T x) { return {x - V{}, Tail::all(x)}; }
+    static RowInParts load(const Byte *from) {
+        V v;
+        std::memcpy(&v, from, bytes);
+        return {v, Tail::load(from + bytes)};
+    }
+    void store(const Byte *to) const {
+        std::memcpy(const_cast<Byte *>(to), &v, bytes);
+        tail.store(to + bytes);
+    }
+    friend RowInParts operator+(RowInParts a, RowInParts b) { return {a.v + b.v, a.tail + b.tail}; }
+    friend RowInParts operator-(RowInParts a, RowInParts b) { return {a.v - b.v, a.tail - b.tail}; }
+    friend RowInParts operator*(RowInParts a, RowInParts b) { return {a.v * b.v, a.tail * b.tail}; }
+};
+
 #if defined(__AVX512F__)
+// By masks, which is faster than parts but from memory: see each_object_of().
 template <class T, int N>
 struct Row {
     static constexpr int bytes = N * static_cast<int>(sizeof(T)) <= 16   ? 16
@@ -40,50 +86,8 @@ struct Row {
     friend Row operator*(Row a, Row b) { return {a.v * b.v}; }
 };
 #else
-template <class T>
-struct SingleElement {
-    T v;
-    static SingleElement all(T x) { return {x}; }
-    static SingleElement load(const Byte *from) { return {load_element<T>(from)}; }
-    void store(const Byte *to) const { store_element(to, v); }
-    friend SingleElement operator+(SingleElement a, SingleElement b) { return {a.v + b.v}; }
-    friend SingleElement operator-(SingleElement a, SingleElement b) { return {a.v - b.v}; }
-    friend SingleElement operator*(SingleElement a, SingleElement b) { return {a.v * b.v}; }
-};
-// The widest vector that fits, then the rest by itself.
 template <class T, int N>
-struct Row {
-    static constexpr int size = sizeof(T);
-    static constexpr int bytes = N * size >= 32 && pack_bytes >= 32 ? 32 : N * size >= 16 ? 16 : 8;
-    static constexpr int rest = N - bytes / size;
-    static constexpr bool masked = false;
-    typedef T V __attribute__((vector_size(bytes)));
-    struct Nothing {
-        static Nothing all(T) { return {}; }
-        static Nothing load(const Byte *) { return {}; }
-        void store(const Byte *) const {}
-        friend Nothing operator+(Nothing, Nothing) { return {}; }
-        friend Nothing operator-(Nothing, Nothing) { return {}; }
-        friend Nothing operator*(Nothing, Nothing) { return {}; }
-    };
-    using Tail = std::conditional_t < rest == 0, Nothing,
-          std::conditional_t<rest == 1, SingleElement<T>, Row<T, rest<2 ? 2 : rest>>>;
-    V v;
-    Tail tail;
-    static Row all(T x) { return {x - V{}, Tail::all(x)}; }
-    static Row load(const Byte *from) {
-        V v;
-        std::memcpy(&v, from, bytes);
-        return {v, Tail::load(from + bytes)};
-    }
-    void store(const Byte *to) const {
-        std::memcpy(const_cast<Byte *>(to), &v, bytes);
-        tail.store(to + bytes);
-    }
-    friend Row operator+(Row a, Row b) { return {a.v + b.v, a.tail + b.tail}; }
-    friend Row operator-(Row a, Row b) { return {a.v - b.v, a.tail - b.tail}; }
-    friend Row operator*(Row a, Row b) { return {a.v * b.v, a.tail * b.tail}; }
-};
+using Row = RowInParts<T, N>;
 #endif
 
 // Several rows of an object without gaps in one register: row p of the second operand, repeated in each row of the

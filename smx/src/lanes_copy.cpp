@@ -18,46 +18,50 @@ Byte *writable(const Byte *to) {
     return const_cast<Byte *>(to);
 }
 
-template <int bytes>
+// By masks where they are faster, or in parts.
+template <int bytes, bool may_mask>
 struct Block {
-    static constexpr bool masked = masked_ends && bytes < 32 && bytes != 16;
+    static constexpr bool masked = may_mask && masked_ends && bytes < 32 && bytes != 16;
     [[gnu::always_inline]] void operator()(Byte *to, const Byte *from) const {
         if constexpr (masked) Row<float, bytes / 4>::load(from).store(to);
+        else if constexpr (bytes < 32) RowInParts<float, bytes / 4>::load(from).store(to);
         else element_by_element<float, bytes / 4>([](auto x) { return x; }, to, from);
     }
 };
 
 // Objects as blocks of `bytes`, or `height` rows of them a stride apart; a block may be copied onto itself.
-template <bool masked, class CopyBlock>
+template <class CopyBlock>
 [[gnu::always_inline]] inline int blocks(const LanePlan &plan, int first, CopyBlock copy_block) {
-    return each_object_of<float, Loop::light, masked>(
+    return each_object_of<float, Loop::light>(
         plan, first, [&](const Byte *from, const Byte *to) { copy_block(writable(to), from); }, plan.source[0].operand,
         plan.result[0]);
 }
-template <bool masked, class CopyBlock>
+template <class CopyBlock>
 [[gnu::always_inline]] inline int blocks(const LanePlan &plan, int first, int height, CopyBlock copy_block) {
-    if (height == 1) return blocks<masked>(plan, first, copy_block);
+    if (height == 1) return blocks(plan, first, copy_block);
     const std::ptrdiff_t from_row = plan.source[0].operand.stride1, to_row = plan.result[0].stride1;
-    return blocks<masked>(plan, first, [&](Byte *to, const Byte *from) {
+    return blocks(plan, first, [&](Byte *to, const Byte *from) {
         for (int i = 0; i < height; ++i) copy_block(writable(at(to, i * to_row)), at(from, i * from_row));
     });
 }
 // Calls f(Block<size>{}) for the size that is `bytes`, if it is one of those named.
-template <int... sizes, class F>
+template <bool may_mask, int... sizes, class F>
 [[gnu::always_inline]] inline bool with_block(int bytes, F f) {
-    return ((bytes == sizes && (f(Block<sizes>{}), true)) || ...);
+    return ((bytes == sizes && (f(Block<sizes, may_mask>{}), true)) || ...);
 }
 SMX_LANE_LOOP int blocks(const LanePlan &plan, int first) {
     const LaneOperand &s = plan.source[0].operand, &d = plan.result[0];
     const int height = dense(s) && dense(d) ? 1 : d.rows;
     const int bytes = d.columns * d.element * (height == 1 ? d.rows : 1);
     int done = first;
-    const auto rows = [&](auto block) { done = blocks<block.masked>(plan, first, height, block); };
-    const auto objects = [&](auto block) { done = blocks<false>(plan, first, block); };
-    const bool known = with_block<12, 16, 20, 24, 32, 40, 48>(bytes, rows) ||
-                       (height == 1 && with_block<36, 64, 72, 100, 128, 144, 200, 288>(bytes, objects));
+    const auto rows = [&](auto block) { done = blocks(plan, first, height, block); };
+    const auto objects = [&](auto block) { done = blocks(plan, first, block); };
+    const bool is_far = std::ptrdiff_t{plan.count} * bytes >= far_bytes;
+    const bool known = (masked_ends && is_far && with_block<false, 12, 20, 24>(bytes, rows)) ||
+                       with_block<true, 12, 16, 20, 24, 32, 40, 48>(bytes, rows) ||
+                       (height == 1 && with_block<true, 36, 64, 72, 100, 128, 144, 200, 288>(bytes, objects));
     const auto any = [bytes](Byte *to, const Byte *from) { std::memmove(to, from, static_cast<std::size_t>(bytes)); };
-    if (!known) done = blocks<false>(plan, first, height, any);
+    if (!known) done = blocks(plan, first, height, any);
     return done;
 }
 

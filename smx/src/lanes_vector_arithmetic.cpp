@@ -80,10 +80,9 @@ SMX_LANE_LOOP int packed_groups(const LanePlan &plan, const LaneOperand &b, int 
 }
 
 // Vectors of adjacent elements, one object after the other.
-template <Arithmetic operation, class T, int N, Second second>
+template <Arithmetic operation, class T, int N, Second second, class Vector>
 SMX_LANE_LOOP int objects(const LanePlan &plan, const LaneOperand &b, int first) {
-    using Vector = Row<T, N>;
-    return each_object_of<T, Loop::usual, Vector::masked>(
+    return each_object_of<T>(
         plan, first,
         [](const Byte *x, const Byte *y, const Byte *z) {
             const Vector beside = second == Second::vectors ? Vector::load(y) : Vector::all(load_element<T>(y));
@@ -145,9 +144,11 @@ int compute(const LanePlan &plan, const LaneOperand &b, int first) {
             };
             const bool in_runs = packed(d) && in_run(a) && (in_run(b) || second == Second::constants);
             const bool in_rows = adjacent(a) && adjacent(d) && adjacent(b);
-            done = in_runs   ? packed_groups<operation, T, N, second>(plan, b, first)
-                   : in_rows ? objects<operation, T, N, second>(plan, b, first)
-                             : groups<operation, T, N, second>(plan, b, first);
+            const bool is_far = Row<T, N>::masked && plan.count * std::ptrdiff_t{N * sizeof(T)} >= far_bytes;
+            done = in_runs             ? packed_groups<operation, T, N, second>(plan, b, first)
+                   : in_rows && is_far ? objects<operation, T, N, second, RowInParts<T, N>>(plan, b, first)
+                   : in_rows           ? objects<operation, T, N, second, Row<T, N>>(plan, b, first)
+                                       : groups<operation, T, N, second>(plan, b, first);
         }))
         done = long_objects<operation, T, second>(plan, b, first);
     return done;
