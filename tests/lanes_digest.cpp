@@ -103,7 +103,7 @@ std::optional<Shape> far_shape(const Member &member) {
         {"Mul_mva", 710000},  {"CrossProduct_vava", 710000}, {"Transpose_ma", 240000}};
     for (const auto &[row, count] : of_three)
         if (member.row->name == row && member.element == 4 && member.layout != Layout::pointers)
-            return shaped(3, count, variations[member.layout == Layout::list ? 2 : 0]);
+            return shaped(3, count, variations[2]);
     return {};
 }
 void far(const Member &member) {
