@@ -18,6 +18,16 @@ Pool::Pool()
     if (base_ == MAP_FAILED) throw std::bad_alloc();
 }
 
+// Pieces start at different places within a page, some 20 lines apart: where a result lies a few lines behind a source
+// in the low 12 bits of the address, a processor makes loads wait for stores that have nothing to do with them.
+char *Pool::take_bytes(std::size_t bytes) {
+    constexpr std::size_t page = 4096, apart = 25 * 64;
+    const std::size_t begin = (used_ + page - 1) / page * page + pieces_++ * apart % page;
+    used_ = begin + bytes;
+    if (used_ > size) throw std::bad_alloc();
+    return base_ + begin;
+}
+
 std::vector<double> patterns(int rows, int columns, Fill fill, long count, unsigned seed) {
     // From this seed on no symmetric matrix is one of the few that do not converge (smxeigen.h).
     std::mt19937 random(fill == Fill::symmetric ? seed + 2 : seed);

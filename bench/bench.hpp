@@ -47,20 +47,17 @@ using Matrix = Eigen::Matrix<T, R, C, C == 1 ? Eigen::ColMajor : Eigen::RowMajor
 class Pool {
 public:
     Pool();
-    void reset() { used_ = 0; }
+    void reset() { used_ = pieces_ = 0; }
     template <class T>
     T *take(long elements) {
-        T *const piece = reinterpret_cast<T *>(base_ + used_);
-        // an odd number of cache lines between pieces, so that equal offsets in them do not share a cache set
-        used_ += (static_cast<std::size_t>(elements) * sizeof(T) / 64 + 6) / 2 * 128 + 64;
-        if (used_ > size) throw std::bad_alloc();
-        return piece;
+        return reinterpret_cast<T *>(take_bytes(static_cast<std::size_t>(elements) * sizeof(T)));
     }
 
 private:
+    char *take_bytes(std::size_t bytes);
     static constexpr std::size_t size = std::size_t{3} << 30;
     char *base_;
-    std::size_t used_ = 0;
+    std::size_t used_ = 0, pieces_ = 0;
 };
 inline Pool pool;
 

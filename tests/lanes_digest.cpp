@@ -3,14 +3,17 @@
 //
 //   lanes_digest            all values, layouts and overlaps
 //   lanes_digest --plain    well-posed values without overlaps: the same for any number of threads, too
+//   lanes_digest --random SEED CALLS    as many calls of any shape, with any overlaps
 //   lanes_digest --guard    no digest: each operand right before, then right behind a page that cannot be touched
 #include <sys/mman.h>
 #include <unistd.h>
 
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <optional>
+#include <random>
 #include <string>
 
 #include "members.hpp"
@@ -235,6 +238,83 @@ void listed_twice(const Member &member) {
     }
 }
 
+// A call of which everything is left to chance: what no list of cases thinks of.
+class Chance {
+public:
+    explicit Chance(unsigned seed) : random_(seed) {}
+    int below(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
+    bool once_in(int n) { return below(n) == 0; }
+    // Mostly none.
+    int seldom(int most) { return once_in(3) ? below(most + 1) : 0; }
+
+private:
+    std::mt19937 random_;
+};
+
+Shape any_shape(const Member &member, Chance &chance) {
+    Shape shape;
+    shape.size = chance.once_in(5) ? 1 + chance.below(9) : 3 + chance.below(4);
+    if (takes_any_shape(*member.row) && chance.once_in(4))
+        shape.height = (member.row->name.rfind("QR", 0) == 0 ? shape.size : 1) + chance.below(4);
+    shape.count = 1 + chance.below(chance.once_in(4) ? 200 : 40);
+    shape.step = 1 + chance.seldom(2);
+    shape.row_gap = chance.seldom(3);
+    shape.object_gap = chance.seldom(9);
+    shape.lanes = chance.once_in(4);
+    shape.shuffled = chance.once_in(2);
+    shape.mixed = chance.seldom(99);
+    shape.woven = chance.once_in(12);
+    shape.folded = chance.once_in(20);
+    shape.shift = chance.seldom(5);
+    shape.nudge = chance.once_in(10) ? chance.below(member.element) : 0;
+    shape.seed = static_cast<unsigned>(chance.below(1000000));
+    constexpr Shape::Values kinds[] = {Shape::Values::definite, Shape::Values::random, Shape::Values::integers,
+                                       Shape::Values::special, Shape::Values::singular_middle};
+    if (may_take_any_values(member, shape.size)) shape.values = kinds[chance.below(5)];
+    return shape;
+}
+
+// Moves operands onto others and lists objects twice, and says so.
+std::string any_overlaps(const Member &member, const Shape &shape, Call &call, Chance &chance) {
+    std::string text;
+    std::vector<const Operand *> all;
+    for (const Operand &o : member.row->operands)
+        if (o.structure == Structure::matrix || o.structure == Structure::vector) all.push_back(&o);
+    const auto any = [&] { return all[static_cast<std::size_t>(chance.below(static_cast<int>(all.size())))]; };
+    const int side = shape.size, E = member.element;
+    const int steps[] = {1, side, side * side, side * side + shape.object_gap, shape.count};
+    const auto any_offset = [&] { return E * chance.below(5) * steps[chance.below(5)] + E * chance.seldom(3); };
+    for (int moves = chance.below(3); moves > 0; --moves) {
+        const Operand &moved = *any(), &on = *any();
+        const int offset = any_offset();
+        // The room behind the last operand.
+        if (&moved == &on || static_cast<int>(call.bytes(moved.name)) + offset > 32768) continue;
+        call.overlap(moved.name, on.name, offset);
+        text += " " + moved.name + " on " + on.name + " moved " + std::to_string(offset);
+    }
+    for (int entries = chance.below(4); entries > 0; --entries) {
+        const Operand &a = *any(), &b = *any();
+        if (!is_listed(member, a) || !is_listed(member, b)) continue;
+        const int n = chance.below(shape.count), m = chance.below(shape.count), offset = E * chance.below(side * side);
+        call.relist(a.name, n, b.name, m, offset);
+        text += " " + a.name + " " + std::to_string(n) + " on " + b.name + " " + std::to_string(m) + " moved " +
+                std::to_string(offset);
+    }
+    return text;
+}
+
+void random_calls(unsigned seed, int calls) {
+    Chance chance(seed);
+    for (int k = 0; k < calls; ++k) {
+        const Member &member = all()[static_cast<std::size_t>(chance.below(static_cast<int>(all().size())))];
+        const Shape shape = any_shape(member, chance);
+        Call call(member, shape);
+        std::string text = std::to_string(k);
+        if (may_take_any_values(member, shape.size)) text += any_overlaps(member, shape, call, chance);
+        report(member, shape, text.c_str(), call);
+    }
+}
+
 void guard(const Member &member, const Shape &shape) {
     const std::size_t page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
     for (const bool at_end : {true, false}) {
@@ -263,6 +343,10 @@ void guard(const Member &member) {
 } // namespace
 
 int main(int argc, char **argv) {
+    if (argc > 3 && std::strcmp(argv[1], "--random") == 0) {
+        random_calls(static_cast<unsigned>(std::atoi(argv[2])), std::atoi(argv[3]));
+        return 0;
+    }
     const bool only_plain = argc > 1 && std::strcmp(argv[1], "--plain") == 0;
     const bool only_guard = argc > 1 && std::strcmp(argv[1], "--guard") == 0;
     for (const Member &member : all()) {
