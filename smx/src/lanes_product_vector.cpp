@@ -109,17 +109,18 @@ int one_matrix_of_four(const LanePlan &plan, int first) {
         for (int i = 0; i < 4; ++i)
             columns[p * 4 + i] =
                 load_element<T>(matrix.o.transposed ? matrix.address(0, p, i) : matrix.address(0, i, p));
-    const Together<T, 4> all(reinterpret_cast<const Byte *>(columns));
+    using Two = Together<T, 4>;
+    const Two all(reinterpret_cast<const Byte *>(columns));
     const auto start = [](const LaneOperand &o) { return static_cast<const Byte *>(o.base); };
     const Byte *const b = start(plan.source[1].operand), *const c = start(plan.source[adds ? 2 : 1].operand);
     const Byte *const d = start(plan.result[0]);
     return each_group<T>(plan, first, [&](int n) {
-        const std::ptrdiff_t offset = std::ptrdiff_t{4 * size} * n;
-#pragma GCC unroll 4
-        for (int r = 0; r < 4; ++r) {
-            auto sum = all.template sum<from_zero>(all.load(b + offset, r));
-            if constexpr (adds) sum = sum + all.load(c + offset, r);
-            all.store(d + offset, r, sum);
+        const std::ptrdiff_t begin = std::ptrdiff_t{4 * size} * n;
+#pragma GCC unroll 8
+        for (std::ptrdiff_t e = begin; e < begin + 4 * pack_bytes; e += Two::bytes) {
+            auto sum = all.template sum<from_zero>(Two::load(b + e));
+            if constexpr (adds) sum = sum + Two::load(c + e);
+            Two::store(d + e, sum);
         }
         return true;
     });
