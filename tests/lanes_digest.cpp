@@ -292,10 +292,12 @@ std::string any_overlaps(const Member &member, const Shape &shape, Call &call, C
         call.overlap(moved.name, on.name, offset);
         text += " " + moved.name + " on " + on.name + " moved " + std::to_string(offset);
     }
-    for (int entries = chance.below(4); entries > 0; --entries) {
+    for (int entries = chance.below(5); entries > 0; --entries) {
         const Operand &a = *any(), &b = *any();
         if (!is_listed(member, a) || !is_listed(member, b)) continue;
-        const int n = chance.below(shape.count), m = chance.below(shape.count), offset = E * chance.below(side * side);
+        // Mostly within a group.
+        const int n = chance.below(shape.count), m = (n + shape.count - chance.below(15) % shape.count) % shape.count;
+        const int offset = E * chance.below(side * side);
         call.relist(a.name, n, b.name, m, offset);
         text += " " + a.name + " " + std::to_string(n) + " on " + b.name + " " + std::to_string(m) + " moved " +
                 std::to_string(offset);

@@ -84,11 +84,10 @@ inline Wide join(const __m128 (&part)[4]) {
     const __m256 high = _mm256_insertf128_ps(_mm256_castps128_ps256(part[2]), part[3], 1);
     return _mm512_insertf32x8(_mm512_castps256_ps512(low), high, 1);
 }
-inline void split(Wide x, __m128 (&part)[4]) {
-    part[0] = _mm512_castps512_ps128(x);
-    part[1] = _mm512_extractf32x4_ps(x, 1);
-    part[2] = _mm512_extractf32x4_ps(x, 2);
-    part[3] = _mm512_extractf32x4_ps(x, 3);
+template <int q>
+inline __m128 part_of(Wide x) {
+    if constexpr (q == 0) return _mm512_castps512_ps128(x);
+    else return _mm512_extractf32x4_ps(x, q);
 }
 #elif defined(__AVX2__)
 using Wide = __m256;
@@ -107,9 +106,10 @@ inline Wide pairs_high(Wide a, Wide b) {
 inline Wide join(const __m128 (&part)[2]) {
     return _mm256_insertf128_ps(_mm256_castps128_ps256(part[0]), part[1], 1);
 }
-inline void split(Wide x, __m128 (&part)[2]) {
-    part[0] = _mm256_castps256_ps128(x);
-    part[1] = _mm256_extractf128_ps(x, 1);
+template <int q>
+inline __m128 part_of(Wide x) {
+    if constexpr (q == 0) return _mm256_castps256_ps128(x);
+    else return _mm256_extractf128_ps(x, 1);
 }
 #else
 using Wide = __m128;
@@ -128,8 +128,9 @@ inline Wide pairs_high(Wide a, Wide b) {
 inline Wide join(const __m128 (&part)[1]) {
     return part[0];
 }
-inline void split(Wide x, __m128 (&part)[1]) {
-    part[0] = x;
+template <int q>
+inline __m128 part_of(Wide x) {
+    return x;
 }
 #endif
 constexpr int chunk_parts = pack_bytes / 16;
@@ -201,19 +202,21 @@ template <class T, int C, class Rows>
 #pragma GCC unroll 4
     for (int c = 0; c < C; ++c) out[c] = reinterpret_cast<typename Pack<T>::Vector>(x[c]);
 }
-template <class T, int C, class Rows>
-[[gnu::always_inline]] inline void store_chunk(const Rows &rows, std::ptrdiff_t offset, const Pack<T> *in) {
-    constexpr int K = chunk_elements<T>;
+// C elements of packs on their way out: store<l>() writes those of object l.
+template <class T, int C>
+struct Chunk {
+    static constexpr int K = chunk_elements<T>;
     Wide x[K];
-    __m128 part[K][chunk_parts];
+    [[gnu::always_inline]] explicit Chunk(const Pack<T> *in) {
 #pragma GCC unroll 4
-    for (int k = 0; k < K; ++k) x[k] = reinterpret_cast<Wide>(in[k < C ? k : 0].v);
-    transpose_parts(x);
-#pragma GCC unroll 4
-    for (int k = 0; k < K; ++k) split(x[k], part[k]);
-#pragma GCC unroll 16
-    for (int l = 0; l < Pack<T>::width; ++l) store_part<T, C>(rows[l] + offset, part[l % K][l / K]);
-}
+        for (int k = 0; k < K; ++k) x[k] = reinterpret_cast<Wide>(in[k < C ? k : 0].v);
+        transpose_parts(x);
+    }
+    template <int l>
+    [[gnu::always_inline]] void store(const Byte *to) const {
+        store_part<T, C>(to, part_of<l / K>(x[l % K]));
+    }
+};
 #else
 template <class T, int C, class Rows>
 inline void load_chunk(const Rows &rows, std::ptrdiff_t offset, Pack<T> *out) {
@@ -221,12 +224,15 @@ inline void load_chunk(const Rows &rows, std::ptrdiff_t offset, Pack<T> *out) {
         for (int l = 0; l < Pack<T>::width; ++l)
             out[c].v[l] = load_element<T>(rows[l] + offset + c * static_cast<std::ptrdiff_t>(sizeof(T)));
 }
-template <class T, int C, class Rows>
-inline void store_chunk(const Rows &rows, std::ptrdiff_t offset, const Pack<T> *in) {
-    for (int c = 0; c < C; ++c)
-        for (int l = 0; l < Pack<T>::width; ++l)
-            store_element<T>(rows[l] + offset + c * static_cast<std::ptrdiff_t>(sizeof(T)), in[c].v[l]);
-}
+template <class T, int C>
+struct Chunk {
+    const Pack<T> *in;
+    explicit Chunk(const Pack<T> *packs) : in(packs) {}
+    template <int l>
+    void store(const Byte *to) const {
+        for (int c = 0; c < C; ++c) store_element<T>(to + c * static_cast<std::ptrdiff_t>(sizeof(T)), in[c].v[l]);
+    }
+};
 #endif
 
 // 32 bytes of each of W rows of doubles, for half the loads and stores of two chunks. Four lanes are as soon loaded in
@@ -255,39 +261,48 @@ void load_long_chunk(const Rows &rows, std::ptrdiff_t offset, Pack<double> *out)
 #endif
 #if defined(__AVX2__)
 constexpr bool stores_long_chunks = true;
-template <class Rows>
-[[gnu::always_inline]] inline void store_long_chunk(const Rows &rows, std::ptrdiff_t offset, const Pack<double> *in) {
+struct LongChunk {
     using V = Pack<double>::Vector;
-    const auto store = [&](int l, __m256d x) {
-        _mm256_storeu_pd(reinterpret_cast<double *>(const_cast<Byte *>(rows[l] + offset)), x);
-    };
-    const V a = in[0].v, b = in[1].v, c = in[2].v, d = in[3].v;
+    V x[4];
 #if defined(__AVX512F__)
-    const auto store_rows = [&](int l, V left, V right) { // l, l + 2, l + 4, l + 6
-        const __m512d first = __builtin_shufflevector(left, right, 0, 1, 8, 9, 2, 3, 10, 11);
-        const __m512d second = __builtin_shufflevector(left, right, 4, 5, 12, 13, 6, 7, 14, 15);
-        store(l, _mm512_castpd512_pd256(first));
-        store(l + 2, _mm512_extractf64x4_pd(first, 1));
-        store(l + 4, _mm512_castpd512_pd256(second));
-        store(l + 6, _mm512_extractf64x4_pd(second, 1));
-    };
-    store_rows(0, __builtin_shufflevector(a, b, 0, 8, 2, 10, 4, 12, 6, 14),
-               __builtin_shufflevector(c, d, 0, 8, 2, 10, 4, 12, 6, 14));
-    store_rows(1, __builtin_shufflevector(a, b, 1, 9, 3, 11, 5, 13, 7, 15),
-               __builtin_shufflevector(c, d, 1, 9, 3, 11, 5, 13, 7, 15));
+    [[gnu::always_inline]] explicit LongChunk(const Pack<double> *in) {
+        const V a = in[0].v, b = in[1].v, c = in[2].v, d = in[3].v;
+        const auto rows = [&](int k, V left, V right) { // objects k, k + 2, k + 4, k + 6
+            x[k] = __builtin_shufflevector(left, right, 0, 1, 8, 9, 2, 3, 10, 11);
+            x[k + 2] = __builtin_shufflevector(left, right, 4, 5, 12, 13, 6, 7, 14, 15);
+        };
+        rows(0, __builtin_shufflevector(a, b, 0, 8, 2, 10, 4, 12, 6, 14),
+             __builtin_shufflevector(c, d, 0, 8, 2, 10, 4, 12, 6, 14));
+        rows(1, __builtin_shufflevector(a, b, 1, 9, 3, 11, 5, 13, 7, 15),
+             __builtin_shufflevector(c, d, 1, 9, 3, 11, 5, 13, 7, 15));
+    }
+    template <int l>
+    [[gnu::always_inline]] void store(const Byte *to) const {
+        const __m512d pair = x[l % 2 + l / 4 * 2];
+        __m256d row;
+        if constexpr (l % 4 < 2) row = _mm512_castpd512_pd256(pair);
+        else row = _mm512_extractf64x4_pd(pair, 1);
+        _mm256_storeu_pd(reinterpret_cast<double *>(const_cast<Byte *>(to)), row);
+    }
 #else
-    const auto store_rows = [&](int l, V left, V right) { // l and l + 2
-        store(l, __builtin_shufflevector(left, right, 0, 1, 4, 5));
-        store(l + 2, __builtin_shufflevector(left, right, 2, 3, 6, 7));
-    };
-    store_rows(0, __builtin_shufflevector(a, b, 0, 4, 2, 6), __builtin_shufflevector(c, d, 0, 4, 2, 6));
-    store_rows(1, __builtin_shufflevector(a, b, 1, 5, 3, 7), __builtin_shufflevector(c, d, 1, 5, 3, 7));
+    [[gnu::always_inline]] explicit LongChunk(const Pack<double> *in) {
+        const V a = in[0].v, b = in[1].v, c = in[2].v, d = in[3].v;
+        const auto rows = [&](int k, V left, V right) { // objects k and k + 2
+            x[k] = __builtin_shufflevector(left, right, 0, 1, 4, 5);
+            x[k + 2] = __builtin_shufflevector(left, right, 2, 3, 6, 7);
+        };
+        rows(0, __builtin_shufflevector(a, b, 0, 4, 2, 6), __builtin_shufflevector(c, d, 0, 4, 2, 6));
+        rows(1, __builtin_shufflevector(a, b, 1, 5, 3, 7), __builtin_shufflevector(c, d, 1, 5, 3, 7));
+    }
+    template <int l>
+    [[gnu::always_inline]] void store(const Byte *to) const {
+        _mm256_storeu_pd(reinterpret_cast<double *>(const_cast<Byte *>(to)), x[l]);
+    }
 #endif
-}
+};
 #else
 constexpr bool stores_long_chunks = false;
-template <class Rows>
-void store_long_chunk(const Rows &rows, std::ptrdiff_t offset, const Pack<double> *in);
+struct LongChunk;
 #endif
 
 // One element of each of the W rows, each at its own address. Not by way of an array in memory: a vector load right
@@ -319,44 +334,69 @@ inline void scatter(const Byte *const *rows, std::ptrdiff_t offset, Pack<T> x) {
     for (int l = 0; l < Pack<T>::width; ++l) store_element(rows[l] + offset, lanes[l]);
 }
 
-// Runs of L adjacent elements. The last chunk of a long run goes back over elements already done rather than past its
-// end.
+// Runs of L adjacent elements, in pieces. The last piece of a long run goes back over elements already done rather than
+// past its end.
+struct Piece {
+    int first, elements, next;
+};
+template <class T, int L>
+constexpr Piece piece_from(int first, bool long_chunks) {
+    constexpr int K = chunk_elements<T>;
+    const int longest = long_chunks && sizeof(T) == 8 ? 2 * K : K;
+    if (first + longest <= L) return {first, longest, first + longest};
+    if (longest > K && L > longest && first + longest - 1 == L) return {L - longest, longest, L};
+    if (first + K <= L) return {first, K, first + K};
+    return L >= K ? Piece{L - K, K, L} : Piece{0, L, L};
+}
+
 template <class T, int L, int first = 0, class Rows>
 [[gnu::always_inline]] inline void load_run(const Rows &rows, std::ptrdiff_t offset, Pack<T> *out) {
-    constexpr int K = chunk_elements<T>;
-    constexpr std::ptrdiff_t size = sizeof(T);
-    constexpr int H = sizeof(T) == 8 && loads_long_chunks ? 4 : 0;
-    if constexpr (H > 0 && first + H <= L) {
-        load_long_chunk(rows, offset + first * size, out + first);
-        load_run<T, L, first + H>(rows, offset, out);
-    } else if constexpr (H > 0 && L > H && first + H - 1 == L) {
-        load_long_chunk(rows, offset + (L - H) * size, out + L - H);
-    } else if constexpr (first + K <= L) {
-        load_chunk<T, K>(rows, offset + first * size, out + first);
-        load_run<T, L, first + K>(rows, offset, out);
-    } else if constexpr (first < L && L >= K) {
-        load_chunk<T, K>(rows, offset + (L - K) * size, out + L - K);
-    } else if constexpr (first < L) {
-        load_chunk<T, L>(rows, offset, out);
+    if constexpr (first < L) {
+        constexpr Piece piece = piece_from<T, L>(first, loads_long_chunks);
+        constexpr std::ptrdiff_t begin = piece.first * static_cast<std::ptrdiff_t>(sizeof(T));
+        if constexpr (piece.elements > chunk_elements<T>) load_long_chunk(rows, offset + begin, out + piece.first);
+        else load_chunk<T, piece.elements>(rows, offset + begin, out + piece.first);
+        load_run<T, L, piece.next>(rows, offset, out);
     }
 }
-template <class T, int L, int first = 0, class Rows>
-[[gnu::always_inline]] inline void store_run(const Rows &rows, std::ptrdiff_t offset, const Pack<T> *in) {
-    constexpr int K = chunk_elements<T>;
-    constexpr std::ptrdiff_t size = sizeof(T);
-    constexpr int H = sizeof(T) == 8 && stores_long_chunks ? 4 : 0;
-    if constexpr (H > 0 && first + H <= L) {
-        store_long_chunk(rows, offset + first * size, in + first);
-        store_run<T, L, first + H>(rows, offset, in);
-    } else if constexpr (H > 0 && L > H && first + H - 1 == L) {
-        store_long_chunk(rows, offset + (L - H) * size, in + L - H);
-    } else if constexpr (first + K <= L) {
-        store_chunk<T, K>(rows, offset + first * size, in + first);
-        store_run<T, L, first + K>(rows, offset, in);
-    } else if constexpr (first < L && L >= K) {
-        store_chunk<T, K>(rows, offset + (L - K) * size, in + L - K);
-    } else if constexpr (first < L) {
-        store_chunk<T, L>(rows, offset, in);
+
+template <class T, Piece piece>
+struct Outgoing {
+    using Registers =
+        std::conditional_t<(piece.elements > chunk_elements<T>), LongChunk, Chunk<T, piece.elements>>;
+    Registers registers;
+    [[gnu::always_inline]] explicit Outgoing(const Pack<T> *in) : registers(in + piece.first) {}
+    template <int l>
+    [[gnu::always_inline]] void store(const Byte *run) const {
+        registers.template store<l>(run + piece.first * static_cast<std::ptrdiff_t>(sizeof(T)));
+    }
+};
+// All pieces of object 0, then of object 1, and so on.
+template <class Rows, int... l, class... Pieces>
+[[gnu::always_inline]] inline void store_pieces(const Rows &rows, std::ptrdiff_t offset,
+                                                std::integer_sequence<int, l...>, const Pieces &...pieces) {
+    const auto store = [&]<int object>(Fixed<object>) __attribute__((always_inline)) {
+        const Byte *const run = rows[object] + offset;
+        (pieces.template store<object>(run), ...);
+    };
+    (store(Fixed<l>{}), ...);
+}
+// Piece after piece, or, in order, object after object: then all pieces have to be in registers at once.
+template <class T, int L, bool in_order = false, int first = 0, class Rows, class... Earlier>
+[[gnu::always_inline]] inline void store_run(const Rows &rows, std::ptrdiff_t offset, const Pack<T> *in,
+                                             const Earlier &...earlier) {
+    constexpr auto objects = std::make_integer_sequence<int, Pack<T>::width>{};
+    if constexpr (first == L) {
+        if constexpr (in_order) store_pieces(rows, offset, objects, earlier...);
+    } else {
+        constexpr Piece piece = piece_from<T, L>(first, stores_long_chunks);
+        const Outgoing<T, piece> outgoing(in);
+        if constexpr (!in_order) {
+            store_pieces(rows, offset, objects, outgoing);
+            store_run<T, L, false, piece.next>(rows, offset, in);
+        } else {
+            store_run<T, L, true, piece.next>(rows, offset, in, earlier..., outgoing);
+        }
     }
 }
 
@@ -807,12 +847,16 @@ struct Objects<Known::strided, T, R, C> {
 template <class T, int R, int C>
 struct Objects<Known::listed, T, R, C> {
     static constexpr bool few = false;
+    // With all of a group in registers; then results may meet each other, the last object's being what stays.
+    static constexpr bool in_order = R * C <= (pack_bytes == 64 ? 28 : 16);
     const void *const *table;
     std::ptrdiff_t shift;
     explicit Objects(const LaneAccess<T, R, C> &a) : table(a.o.table), shift(a.o.shift) {}
     ListedRows rows(int n) const { return {table + n, shift}; }
     [[gnu::always_inline]] void load(int n, Pack<T> *out) const { load_run<T, R * C>(rows(n), 0, out); }
-    [[gnu::always_inline]] void store(int n, const Pack<T> *in) const { store_run<T, R * C>(rows(n), 0, in); }
+    [[gnu::always_inline]] void store(int n, const Pack<T> *in) const { 
+        store_run<T, R * C, in_order>(rows(n), 0, in);
+    }
 };
 // Beside so much work, W addresses are quickly noted down.
 template <class T, int R, int C>
@@ -861,6 +905,7 @@ struct Objects<Known::dense, T, 1, 1> : Objects<Known::nothing, T, 1, 1> {
 };
 template <class T>
 struct Objects<Known::listed, T, 1, 1> : Objects<Known::nothing, T, 1, 1> {
+    static constexpr bool in_order = true; // nothing that could meet
     using Objects<Known::nothing, T, 1, 1>::Objects;
 };
 
@@ -871,12 +916,12 @@ struct Objects<Known::listed, T, 1, 1> : Objects<Known::nothing, T, 1, 1> {
 #define SMX_LANE_LOOP [[gnu::flatten, gnu::noinline]]
 
 // Objects first .. count - 1 in groups: body(n) computes the group from object n on (or as many groups as its plan was
-// judged for) and says whether it may stand.
-template <class T, int at_once = 1, class Body>
+// judged for) and says whether it may stand. `in_order` if it stores one object of a group after the other.
+template <class T, int at_once = 1, bool in_order = false, class Body>
 [[gnu::always_inline]] inline int each_group(const LanePlan &plan, int first, Body body) {
     constexpr int W = at_once * Pack<T>::width;
     const int count = plan.count;
-    const bool watched = plan.watched && begins_groups(plan);
+    const bool watched = plan.watched && begins_groups(plan) && !(in_order && only_results_may_meet(plan));
     int n = first;
     for (; n + W <= count; n += W) {
         if (watched && !begin_group(plan, n, W)) break;
@@ -890,7 +935,8 @@ template <Known known, class T, class Body, int... R, int... C>
 [[gnu::always_inline]] inline int each_group_known(const LanePlan &plan, int first, Body body,
                                                    const LaneAccess<T, R, C> &...operands) {
     return [&](const auto... objects) __attribute__((always_inline)) {
-        return each_group<T>(plan, first, [&](int n) { return body(n, objects...); });
+        constexpr bool in_order = known == Known::listed && (Objects<Known::listed, T, R, C>::in_order && ...);
+        return each_group<T, 1, in_order>(plan, first, [&](int n) { return body(n, objects...); });
     }
     (Objects<known, T, R, C>(operands)...);
 }
@@ -1019,10 +1065,7 @@ template <class T, Loop kind = Loop::usual, bool masked = false, class Body, cla
 template <class T, int L, class F, class... Starts>
 [[gnu::always_inline]] inline void element_by_element(F apply, const Byte *d, Starts... from) {
     constexpr int size = sizeof(T), bytes = L * size;
-    constexpr int wide = bytes >= pack_bytes              ? pack_bytes
-                         : bytes >= 32 && pack_bytes > 32 ? 32
-                         : bytes >= 16                    ? 16
-                                                          : size;
+    constexpr int wide = bytes >= 32 && pack_bytes >= 32 ? 32 : bytes >= 16 ? 16 : size;
     constexpr int vectors = (bytes + wide - 1) / wide;
     typedef T V __attribute__((vector_size(wide)));
     V result[vectors];

@@ -81,6 +81,10 @@ inline bool is_in_doubt(const LanePlan &plan) {
 }
 // Has begin_group() to be called ahead of each group?
 bool begins_groups(const LanePlan &plan);
+// Is the only thing to be asked of a group whether its results meet each other?
+inline bool only_results_may_meet(const LanePlan &plan) {
+    return plan.far == 0 && plan.alone.list != nullptr;
+}
 // May the objects first .. first + width - 1 be loaded before any of them is stored?
 bool group_is_safe(const LanePlan &plan, int first, int width);
 // Reads a byte of each line of the objects first .. first + width - 1, of those operands.

@@ -41,15 +41,18 @@ void list_bounds(const std::intptr_t *list, int count, std::intptr_t &low, std::
         least[0] = least[k] < least[0] ? least[k] : least[0];
         most[0] = most[k] > most[0] ? most[k] : most[0];
     }
+    std::intptr_t lowest = low, highest = high; // no stores through references on the way
     for (int l = 0; l < W; ++l) {
-        low = least[0][l] < low ? least[0][l] : low;
-        high = most[0][l] > high ? most[0][l] : high;
+        lowest = least[0][l] < lowest ? least[0][l] : lowest;
+        highest = most[0][l] > highest ? most[0][l] : highest;
     }
+    low = lowest;
+    high = highest;
 }
 
 bool list_ascends(const std::intptr_t *list, int count, std::intptr_t gap) {
     // Signs are gathered, so that there is no branch in the loop; but most lists that do not ascend show it soon.
-    constexpr int soon = 64;
+    constexpr int soon = 16;
     std::intptr_t signs = 0;
     int n = 1;
     for (; n < count && n < soon; ++n) signs |= list[n] - list[n - 1] - gap;
@@ -80,20 +83,28 @@ bool list_neighbours_apart(const std::intptr_t *list, int count, std::intptr_t e
 
 namespace {
 
-// The least of W numbers, by halves.
+// Is every one of W numbers without a sign greater than the bound?
 template <int W, class V>
-std::uint32_t least_of(V x) {
-    if constexpr (sizeof x <= 16) {
-        std::uint32_t least = x[0];
-        for (int l = 1; l < W; ++l) least = x[l] < least ? x[l] : least;
-        return least;
-    } else {
-        return [&]<int... l>(std::integer_sequence<int, l...>) {
-            const auto low = __builtin_shufflevector(x, x, l...), high = __builtin_shufflevector(x, x, (l + W / 2)...);
-            return least_of<W / 2>(high < low ? high : low);
-        }
-        (std::make_integer_sequence<int, W / 2>{});
+bool all_greater(V x, std::uint32_t bound) {
+    [[maybe_unused]] const V limit = bound - V{};
+#if defined(__AVX512F__)
+    if constexpr (sizeof x == 64)
+        return _mm512_cmple_epu32_mask(reinterpret_cast<__m512i>(x), reinterpret_cast<__m512i>(limit)) == 0;
+#endif
+#if defined(__AVX2__)
+    if constexpr (sizeof x == 32) {
+        const __m256i all = reinterpret_cast<__m256i>(x);
+        const __m256i less = _mm256_min_epu32(all, reinterpret_cast<__m256i>(limit));
+        return _mm256_movemask_epi8(_mm256_cmpeq_epi32(less, all)) == 0;
     }
+    if constexpr (sizeof x == 16) {
+        const __m128i all = reinterpret_cast<__m128i>(x), less = _mm_min_epu32(all, reinterpret_cast<__m128i>(limit));
+        return _mm_movemask_epi8(_mm_cmpeq_epi32(less, all)) == 0;
+    }
+#endif
+    bool greater = true;
+    for (int l = 0; l < W; ++l) greater = greater && x[l] > bound;
+    return greater;
 }
 
 // Each address beside the one r places on, round the group: apart if a - b + reach, taken without a sign, is greater
@@ -114,7 +125,7 @@ bool group_apart(const std::intptr_t *list, Bits reach) {
             (beside(Fixed<r + 1>{}), ...);
         }
         (std::make_integer_sequence<int, W / 2>{});
-        return least_of<W>(least) > 2 * reach;
+        return all_greater<W>(least, 2 * reach);
     }
     (std::make_integer_sequence<int, W>{});
 }
