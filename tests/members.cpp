@@ -384,7 +384,8 @@ std::vector<unsigned char> Call::memory() const {
         const unsigned char *const now = reinterpret_cast<const unsigned char *>(start(o));
         const bool inside = now >= memory_.data() && now < memory_.data() + memory_.size();
         const std::size_t begin = inside ? static_cast<std::size_t>(now - memory_.data()) : found->second.begin;
-        for (std::size_t at = begin; at + size <= begin + found->second.bytes; at += size) {
+        // Objects of a list may lie behind the operand itself.
+        for (std::size_t at = begin; at + size <= copy.size(); at += size) {
             float f;
             double d;
             std::memcpy(&f, copy.data() + at, 4);

@@ -49,9 +49,9 @@ TEST(Lanes, EveryInstructionSetGivesTheBitsOfOneAfterTheOther) {
 
 // What no list of cases thinks of. Other seeds: lanes_digest --random SEED CALLS, once for each SMX_ISA.
 TEST(Lanes, CallsLeftToChanceGiveTheBitsOfOneAfterTheOther) {
-    const std::string calls = "--random 20261124 30000";
+    const std::string calls = "--random 20261124 50000";
     const std::vector<std::string> sequential = lines_of("SMX_ISA=sequential", calls);
-    ASSERT_EQ(sequential.size(), 30000u) << sequential.back();
+    ASSERT_EQ(sequential.size(), 50000u) << sequential.back();
     for (const char *set : {"baseline", "avx2", "widest"}) {
         SCOPED_TRACE(set);
         expect_same(sequential, lines_of(std::string("SMX_ISA=") + set, calls));
