@@ -362,8 +362,7 @@ template <class T, int L, int first = 0, class Rows>
 
 template <class T, Piece piece>
 struct Outgoing {
-    using Registers =
-        std::conditional_t<(piece.elements > chunk_elements<T>), LongChunk, Chunk<T, piece.elements>>;
+    using Registers = std::conditional_t<(piece.elements > chunk_elements<T>), LongChunk, Chunk<T, piece.elements>>;
     Registers registers;
     [[gnu::always_inline]] explicit Outgoing(const Pack<T> *in) : registers(in + piece.first) {}
     template <int l>
@@ -854,9 +853,7 @@ struct Objects<Known::listed, T, R, C> {
     explicit Objects(const LaneAccess<T, R, C> &a) : table(a.o.table), shift(a.o.shift) {}
     ListedRows rows(int n) const { return {table + n, shift}; }
     [[gnu::always_inline]] void load(int n, Pack<T> *out) const { load_run<T, R * C>(rows(n), 0, out); }
-    [[gnu::always_inline]] void store(int n, const Pack<T> *in) const { 
-        store_run<T, R * C, in_order>(rows(n), 0, in);
-    }
+    [[gnu::always_inline]] void store(int n, const Pack<T> *in) const { store_run<T, R * C, in_order>(rows(n), 0, in); }
 };
 // Beside so much work, W addresses are quickly noted down.
 template <class T, int R, int C>
