@@ -5,8 +5,8 @@
 //   Order      sides 3 and up descending; side 2 with a negative trace ascending.
 //   Reads      all elements of an object before anything is written; side 2 its upper triangle, others the lower one
 //              (the reduction transforms the whole square).
-//   Status     smxStsSingularErr if the determinant of a side-2 matrix or the product of the eigenvalues is tiny (side 1
-//              is not tested), smxStsConvergeErr if the sweeps are used up. An array kernel stops there.
+//   Status     smxStsSingularErr if the determinant of a side-2 matrix or the product of the eigenvalues is tiny (side
+//              1 is not tested), smxStsConvergeErr if the sweeps are used up. An array kernel stops there.
 //   Written    singular, side 2: nothing. Other sides: all values and vectors; sorted only in the single form with
 //              vectors. Not converged: nothing meaningful.
 //   In place   dstVectors may be src.
@@ -112,10 +112,9 @@ SmxStatus eigen_symmetric(T *w, T *values, const Z &z, int n, T gate) {
     T *const d = w, *const e = w + side; // the diagonals move to the first two rows
     for (std::ptrdiff_t i = 0; i < side; ++i) d[i] = w[i * side + i];
     for (std::ptrdiff_t i = 0; i < side - 1; ++i) e[i] = w[(i + 1) * side + i];
-    T product;
-    if (!sweep_symmetric<Form>(d, e, z, n, product)) return smxStsConvergeErr;
+    bool singular;
+    if (!sweep_symmetric<Form>(d, e, z, n, singular)) return smxStsConvergeErr;
     for (int i = 0; i < n; ++i) values[i] = d[i];
-    const bool singular = magnitude(product) <= Form::template singular<T>;
     if (!singular || Form::sorts_before_test) sort_symmetric<Form>(values, z, n);
     return singular ? smxStsSingularErr : smxStsNoErr;
 }

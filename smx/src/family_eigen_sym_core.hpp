@@ -138,17 +138,17 @@ template <class Form, class Num, class Z>
     for (int i = 0; i < (n - 1) / 2; ++i) exchange(which, e[i], e[n - 2 - i]);
 }
 
-// Sweeps until e is negligible; d then holds the eigenvalues. False if an object has not converged. `product` is the
-// one that decides singularity.
+// Sweeps until e is negligible; d then holds the eigenvalues. False if an object has not converged. `singular` if one
+// has too small a product.
 template <class Form, class Num, class Z>
-[[gnu::always_inline]] inline bool sweep_symmetric(Num *d, Num *e, [[maybe_unused]] const Z &z, int n, Num &product) {
+[[gnu::always_inline]] inline bool sweep_symmetric(Num *d, Num *e, [[maybe_unused]] const Z &z, int n, bool &singular) {
     using T = ElementOfNumber<Num>;
     using Mask = MaskOf<Num>;
     using Index = IndexOf<Num>;
     constexpr T eps = EigenEpsilon<T>::value;
     const Mask upward = !(magnitude(d[n - 1]) <= magnitude(d[0]));
     turn_over<Form>(upward, d, e, z, n);
-    product = Num(T(1));
+    Num product(T(1)); // of a downward search
     for (int l = n - 1; l > 0; --l) {
         Mask active(true);
         for (int sweeps = 0;; ++sweeps) {
@@ -219,9 +219,14 @@ template <class Form, class Num, class Z>
         }
     }
     turn_over<Form>(upward, d, e, z, n);
-    Num values = d[0];
-    for (int k = 1; k < n; ++k) values = values * d[k];
-    product = Form::multiplies_in_search ? select(upward, values, product * d[0]) : values;
+    // The product of eigenvalues is not rounded to float between its factors; the one of a search is.
+    const auto factor = [&](int k) {
+        if (!Form::multiplies_in_search) return widened(d[k]);
+        return widened(select(upward, d[k], k == 0 ? product * d[0] : Num(T(1))));
+    };
+    auto all_factors = factor(0);
+    for (int k = 1; k < n; ++k) all_factors = all_factors * factor(k);
+    singular = any(magnitude(all_factors) <= double{Form::template singular<T>});
     return true;
 }
 

@@ -64,6 +64,14 @@ inline double square_root(double x) {
     return __builtin_sqrt(x);
 }
 
+// In double.
+inline double widened(float x) {
+    return x;
+}
+inline double widened(double x) {
+    return x;
+}
+
 // How an algorithm fails. A single object stops at once; a group goes on and remembers that it has to be run again one
 // by one, so that statuses and partial results are those of the single objects.
 template <class Num>

@@ -2,7 +2,7 @@
 // touching their neighbours. For loops that take one object after the other.
 #pragma once
 
-#include "frame_lane_access.hpp"
+#include "frame_lane_rows.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
@@ -53,33 +53,30 @@ struct RowInParts {
 };
 
 #if defined(__AVX512F__)
-// By masks, which is faster than parts but from memory: see each_object_of().
+// In one register. Up to 32 bytes by masks, which is faster than parts but from memory: see each_object_of().
 template <class T, int N>
 struct Row {
-    static constexpr int bytes = N * static_cast<int>(sizeof(T)) <= 16   ? 16
-                                 : N * static_cast<int>(sizeof(T)) <= 32 ? 32
-                                                                         : 64;
+    static constexpr int size = N * static_cast<int>(sizeof(T));
+    static constexpr int bytes = size <= 16 ? 16 : size <= 32 ? 32 : 64;
     typedef T V __attribute__((vector_size(bytes)));
-    static constexpr auto mask = static_cast<unsigned char>((1 << N) - 1);
-    static constexpr bool masked = N * sizeof(T) != bytes;
+    static constexpr auto mask = static_cast<unsigned char>((1 << size / 4) - 1);
+    static constexpr bool masked = size != bytes && bytes <= 32;
     V v;
     static Row all(T x) { return {x - V{}}; }
     static Row load(const Byte *from) {
         Row r;
-        if constexpr (N * sizeof(T) == bytes) std::memcpy(&r.v, from, bytes);
-        else if constexpr (sizeof(T) == 4 && bytes == 16) r.v = reinterpret_cast<V>(_mm_maskz_loadu_ps(mask, from));
-        else if constexpr (sizeof(T) == 4) r.v = reinterpret_cast<V>(_mm256_maskz_loadu_ps(mask, from));
-        else if constexpr (bytes == 32) r.v = reinterpret_cast<V>(_mm256_maskz_loadu_pd(mask, from));
-        else r.v = reinterpret_cast<V>(_mm512_maskz_loadu_pd(mask, from));
+        if constexpr (size == bytes) std::memcpy(&r.v, from, bytes);
+        else if constexpr (bytes == 16) r.v = reinterpret_cast<V>(_mm_maskz_loadu_ps(mask, from));
+        else if constexpr (bytes == 32) r.v = reinterpret_cast<V>(_mm256_maskz_loadu_ps(mask, from));
+        else r.v = reinterpret_cast<V>(load_first<size>(from));
         return r;
     }
     void store(const Byte *at) const {
         Byte *const to = const_cast<Byte *>(at);
-        if constexpr (N * sizeof(T) == bytes) std::memcpy(to, &v, bytes);
-        else if constexpr (sizeof(T) == 4 && bytes == 16) _mm_mask_storeu_ps(to, mask, reinterpret_cast<__m128>(v));
-        else if constexpr (sizeof(T) == 4) _mm256_mask_storeu_ps(to, mask, reinterpret_cast<__m256>(v));
-        else if constexpr (bytes == 32) _mm256_mask_storeu_pd(to, mask, reinterpret_cast<__m256d>(v));
-        else _mm512_mask_storeu_pd(to, mask, reinterpret_cast<__m512d>(v));
+        if constexpr (size == bytes) std::memcpy(to, &v, bytes);
+        else if constexpr (bytes == 16) _mm_mask_storeu_ps(to, mask, reinterpret_cast<__m128>(v));
+        else if constexpr (bytes == 32) _mm256_mask_storeu_ps(to, mask, reinterpret_cast<__m256>(v));
+        else store_first<size>(at, reinterpret_cast<__m512>(v));
     }
     friend Row operator+(Row a, Row b) { return {a.v + b.v}; }
     friend Row operator-(Row a, Row b) { return {a.v - b.v}; }
@@ -93,14 +90,14 @@ using Row = RowInParts<T, N>;
 // Several rows of an object without gaps in one register: row p of the second operand, repeated in each row of the
 // register, times column p of the first, each element repeated along its row. Only of floats: to repeat doubles takes
 // longer than to load each anew.
-template <class T, int N>
+template <class T, int N, bool listed = false>
 struct Together {
     static constexpr bool exists = false;
 };
 #if defined(__AVX2__)
 // In halves also with AVX-512: processors that split registers of 64 bytes take a fifth longer for them, here.
-template <>
-struct Together<float, 4> {
+template <bool listed>
+struct Together<float, 4, listed> {
     static constexpr bool exists = true, masked = false;
     static constexpr int bytes = 32;
     using V = __m256;
@@ -132,11 +129,21 @@ struct Together<float, 4> {
 };
 #endif
 #if defined(__AVX512F__)
-template <>
-struct Together<float, 3> {
-    static constexpr bool exists = true, masked = true;
+// By masks, or for objects of lists in parts: see load_first().
+template <bool listed>
+struct Together<float, 3, listed> {
+    static constexpr bool exists = true, masked = !listed;
     using V = __m512;
+    static constexpr int bytes = 36;
     static constexpr __mmask16 mask = 0x1ff;
+    static V load(const Byte *from) {
+        if constexpr (listed) return load_first<bytes>(from);
+        else return _mm512_maskz_loadu_ps(mask, from);
+    }
+    static void store(const Byte *to, V v) {
+        if constexpr (listed) store_first<bytes>(to, v);
+        else _mm512_mask_storeu_ps(const_cast<Byte *>(to), mask, v);
+    }
     template <int p>
     static V column(V x) {
         return _mm512_permutexvar_ps(
@@ -149,19 +156,19 @@ struct Together<float, 3> {
     }
     V second[3];
     explicit Together(const Byte *b) {
-        const V x = _mm512_maskz_loadu_ps(mask, b);
+        const V x = load(b);
         second[0] = row<0>(x);
         second[1] = row<1>(x);
         second[2] = row<2>(x);
     }
     template <bool from_zero>
     void product(const Byte *a, const Byte *d) const {
-        const V x = _mm512_maskz_loadu_ps(mask, a);
+        const V x = load(a);
         V sum = column<0>(x) * second[0];
         if (from_zero) sum = V{} + sum;
         sum = sum + column<1>(x) * second[1];
         sum = sum + column<2>(x) * second[2];
-        _mm512_mask_storeu_ps(const_cast<Byte *>(d), mask, sum);
+        store(d, sum);
     }
 };
 #endif

@@ -49,5 +49,20 @@ struct NumberTraits<Twin<T>> {
     using Mask = TwinMask<T>;
 };
 
+// The elements of a group in double: as they are, or the two halves of a pack of floats; and back.
+inline Pack<double> widened(Pack<double> x) {
+    return x;
+}
+inline Twin<double> widened(Pack<float> x) {
+    const DoubleHalves halves = widen(x);
+    return {halves.low, halves.high};
+}
+inline Pack<double> narrowed(Pack<double> x) {
+    return x;
+}
+inline Pack<float> narrowed(Twin<double> x) {
+    return narrow({x.a, x.b});
+}
+
 } // namespace SMX_ISA
 } // namespace smx

@@ -1,6 +1,6 @@
 #include "lanes_copy.hpp"
 
-#include "frame_lane_access.hpp"
+#include "frame_lane_loops.hpp"
 #include "frame_row.hpp"
 
 namespace smx {
@@ -21,7 +21,7 @@ Byte *writable(const Byte *to) {
 // By masks where they are faster, or in parts.
 template <int bytes, bool may_mask>
 struct Block {
-    static constexpr bool masked = may_mask && masked_ends && bytes < 32 && bytes != 16;
+    static constexpr bool masked = may_mask && loads_ends && bytes < 32 && bytes != 16;
     [[gnu::always_inline]] void operator()(Byte *to, const Byte *from) const {
         if constexpr (masked) Row<float, bytes / 4>::load(from).store(to);
         else if constexpr (bytes < 32) RowInParts<float, bytes / 4>::load(from).store(to);
@@ -57,7 +57,7 @@ SMX_LANE_LOOP int blocks(const LanePlan &plan, int first) {
     const auto rows = [&](auto block) { done = blocks(plan, first, height, block); };
     const auto objects = [&](auto block) { done = blocks(plan, first, block); };
     const bool is_far = std::ptrdiff_t{plan.count} * bytes >= far_bytes;
-    const bool known = (masked_ends && is_far && with_block<false, 12, 20, 24>(bytes, rows)) ||
+    const bool known = (loads_ends && is_far && with_block<false, 12, 20, 24>(bytes, rows)) ||
                        with_block<true, 12, 16, 20, 24, 32, 40, 48>(bytes, rows) ||
                        (height == 1 && with_block<true, 36, 64, 72, 100, 128, 144, 200, 288>(bytes, objects));
     const auto any = [bytes](Byte *to, const Byte *from) { std::memmove(to, from, static_cast<std::size_t>(bytes)); };
@@ -104,8 +104,8 @@ template <class T, int N>
 SMX_LANE_LOOP int transposed_squares(const LanePlan &plan, int first) {
     using Access = LaneAccess<T, N, N>;
     const Access s(plan.source[0].operand), d(plan.result[0]);
-    if constexpr (masked_ends && sizeof(T) == 8 && N == 3) {
-        // Shorter registers cross fewer lines of the cache, and no end is left over for a masked store.
+    if constexpr (loads_ends && sizeof(T) == 8 && N == 3) {
+        // Shorter registers cross fewer lines of the cache, and no end is left over.
         typedef double Four __attribute__((vector_size(32)));
         const auto transpose = [](const Byte *source, const Byte *result) __attribute__((always_inline)) {
             Four a, b;
@@ -119,7 +119,7 @@ SMX_LANE_LOOP int transposed_squares(const LanePlan &plan, int first) {
         };
         if (s.way == Access::Way::rows && d.way == Access::Way::rows && s.dense && d.dense)
             return each_object_of<T>(plan, first, transpose, s.o, d.o);
-    } else if constexpr (masked_ends)
+    } else if constexpr (loads_ends)
         if (s.way == Access::Way::rows && d.way == Access::Way::rows && s.dense && d.dense) {
             constexpr int W = Pack<T>::width, registers = (N * N + W - 1) / W, last = registers - 1;
             struct Transposition {
@@ -129,13 +129,13 @@ SMX_LANE_LOOP int transposed_squares(const LanePlan &plan, int first) {
                 Pack<T> in[registers], out[registers];
                 for (int k = 0; k < last; ++k) in[k] = load_pack<T>(source + k * pack_bytes);
                 in[last] = load_end<T, N * N - last * W>(source + last * pack_bytes);
-                rearrange<T, Transposition, registers>(in, out, std::make_integer_sequence<int, registers>{});
+                rearrange<T, Transposition, registers, registers>(in, out);
                 for (int k = 0; k < last; ++k) store_pack(writable(result + k * pack_bytes), out[k]);
                 store_end<T, N * N - last * W>(result + last * pack_bytes, out[last]);
             };
-            return each_object_of<T, Loop::usual, N == 3>(plan, first, transpose, s.o, d.o); // 3: nothing but an end
+            return each_object_of<T>(plan, first, transpose, s.o, d.o);
         }
-    if (!masked_ends && s.way == Access::Way::rows && d.way == Access::Way::rows) return first;
+    if (!loads_ends && s.way == Access::Way::rows && d.way == Access::Way::rows) return first;
     return packs<T, N, N>(plan, first);
 }
 

@@ -1,7 +1,7 @@
 #include "lanes_det_invert.hpp"
 
 #include "family_det_invert_core.hpp"
-#include "frame_lane_access.hpp"
+#include "frame_lane_loops.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {

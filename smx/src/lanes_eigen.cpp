@@ -1,7 +1,7 @@
 #include "lanes_eigen.hpp"
 
 #include "family_eigen_vectors.hpp"
-#include "frame_lane_access.hpp"
+#include "frame_lane_loops.hpp"
 #include "frame_twin.hpp"
 
 namespace smx {

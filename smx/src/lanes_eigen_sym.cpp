@@ -1,7 +1,8 @@
 #include "lanes_eigen_sym.hpp"
 
 #include "family_eigen_sym_core.hpp"
-#include "frame_lane_access.hpp"
+#include "frame_lane_loops.hpp"
+#include "frame_twin.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
@@ -20,11 +21,11 @@ template <class Form, class T, int N, class Z>
 [[gnu::always_inline]] inline bool eigen_group(Pack<T> *w, Pack<T> *d, const Z &z, T gate) {
     using Num = Pack<T>;
     reduce_symmetric<Form>(w, d, z, N, gate);
-    Num e[N - 1], product;
+    Num e[N - 1];
+    bool singular;
     for (int i = 0; i < N; ++i) d[i] = w[i * N + i];
     for (int i = 0; i < N - 1; ++i) e[i] = w[(i + 1) * N + i];
-    if (!sweep_symmetric<Form>(d, e, z, N, product)) return false;
-    if (any(magnitude(product) <= Form::template singular<T>)) return false;
+    if (!sweep_symmetric<Form>(d, e, z, N, singular) || singular) return false;
     sort_symmetric<Form>(d, z, N);
     return true;
 }

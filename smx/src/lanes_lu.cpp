@@ -1,7 +1,7 @@
 #include "lanes_lu.hpp"
 
 #include "family_lu_core.hpp"
-#include "frame_lane_access.hpp"
+#include "frame_lane_loops.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
@@ -42,8 +42,8 @@ template <int N, int C, class Num>
     }
 }
 
-// The pivot indexes of a group, N packed integers an object. Where lanes can be rearranged, the integers are converted as
-// they lie: put together or taken apart one by one in memory, they would have to wait for each other.
+// The pivot indexes of a group, N packed integers an object. Where lanes can be rearranged, the integers are converted
+// as they lie: put together or taken apart one by one in memory, they would have to wait for each other.
 template <class T, int N>
 [[gnu::always_inline]] inline void store_pivots(int *pivots, const Pack<T> (&physical)[N]) {
     constexpr int W = Pack<T>::width;

@@ -1,6 +1,6 @@
 #include "lanes_matrix_product.hpp"
 
-#include "frame_lane_access.hpp"
+#include "frame_lane_loops.hpp"
 #include "frame_row.hpp"
 
 namespace smx {
@@ -44,19 +44,25 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
         const Byte *const single_second = b.o.single ? static_cast<const Byte *>(b.o.base) : nullptr;
         if constexpr (Together<T, N>::exists)
             if (a.way == Access::Way::rows && a.dense && b.dense && d.dense && !a.o.transposed) {
-                if (single_second != nullptr) {
-                    const Together<T, N> once(single_second);
-                    return each_object_of<T, Loop::lists, Together<T, N>::masked>(
-                        plan, first,
-                        [&](const Byte *x, const Byte *z)
-                            __attribute__((always_inline)) { once.template product<from_zero>(x, z); },
-                        a.o, d.o);
-                }
-                return each_object_of<T, Loop::lists, Together<T, N>::masked>(
-                    plan, first, [](const Byte *x, const Byte *y, const Byte *z) __attribute__((always_inline)) {
-                        Together<T, N>(y).template product<from_zero>(x, z);
-                    },
-                    a.o, b.o, d.o);
+                const auto whole = [&]<bool some_listed>(Fixed<some_listed>) __attribute__((always_inline)) {
+                    using All = Together<T, N, some_listed>;
+                    if (single_second != nullptr) {
+                        const All once(single_second);
+                        return each_object_of<T, Loop::lists, All::masked>(
+                            plan, first,
+                            [&](const Byte *x, const Byte *z)
+                                __attribute__((always_inline)) { once.template product<from_zero>(x, z); },
+                            a.o, d.o);
+                    }
+                    return each_object_of<T, Loop::lists, All::masked>(
+                        plan, first, [](const Byte *x, const Byte *y, const Byte *z) __attribute__((always_inline)) {
+                            All(y).template product<from_zero>(x, z);
+                        },
+                        a.o, b.o, d.o);
+                };
+                const auto listed = [](const LaneOperand &o) { return o.addressing == Addressing::list; };
+                if (N == 3 && (listed(a.o) || listed(b.o) || listed(d.o))) return whole(Fixed<N == 3>{});
+                return whole(Fixed<false>{});
             }
         const std::ptrdiff_t a_row = a.o.transposed ? a.o.stride2 : a.o.stride1;
         const std::ptrdiff_t a_column = a.o.transposed ? a.o.stride1 : a.o.stride2;

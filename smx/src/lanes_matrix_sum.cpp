@@ -1,6 +1,6 @@
 #include "lanes_matrix_sum.hpp"
 
-#include "frame_lane_access.hpp"
+#include "frame_lane_loops.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {

@@ -1,4 +1,5 @@
-// Lane function of the matrix sums whose operands are not all runs: whole groups from object `first` on, returning the first object not done.
+// Lane function of the matrix sums whose operands are not all runs: whole groups from object `first` on, returning the
+// first object not done.
 #pragma once
 
 #include "lanes_runs.hpp"

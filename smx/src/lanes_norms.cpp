@@ -1,28 +1,13 @@
 #include "lanes_norms.hpp"
 
 #include "family_products_core.hpp"
-#include "frame_lane_access.hpp"
+#include "frame_lane_loops.hpp"
 #include "frame_twin.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
 
 namespace {
-
-// The elements of a group in double: as they are, or the two halves of a pack of floats.
-inline Pack<double> widened(Pack<double> x) {
-    return x;
-}
-inline Twin<double> widened(Pack<float> x) {
-    const DoubleHalves halves = widen(x);
-    return {halves.low, halves.high};
-}
-inline Pack<double> narrowed(Pack<double> x) {
-    return x;
-}
-inline Pack<float> narrowed(Twin<double> x) {
-    return narrow({x.a, x.b});
-}
 
 template <bool pairs, class T, int R, int C>
 SMX_LANE_LOOP int norm(const LanePlan &plan, bool cuts_off, int first) {

@@ -1,6 +1,6 @@
 #include "lanes_product_vector.hpp"
 
-#include "frame_lane_access.hpp"
+#include "frame_lane_loops.hpp"
 #include "frame_row.hpp"
 
 namespace smx {
@@ -42,9 +42,8 @@ int product_by_columns(const LanePlan &plan, int first) {
         if constexpr (adds) sum = sum + load_end<T, N>(c);
         store_end<T, N>(d, sum);
     };
-    // The matrix of three is read by one masked load.
-    return each_object_of<T, loop<from_zero>, N == 3>(plan, first, one, matrix, vector,
-                                                      plan.source[adds ? 2 : 1].operand, plan.result[0]);
+    return each_object_of<T, loop<from_zero>>(plan, first, one, matrix, vector, plan.source[adds ? 2 : 1].operand,
+                                              plan.result[0]);
 }
 
 // The same for three doubles a row, in shorter registers, which cross fewer lines of the cache.
@@ -114,7 +113,7 @@ int one_matrix_of_four(const LanePlan &plan, int first) {
     const auto start = [](const LaneOperand &o) { return static_cast<const Byte *>(o.base); };
     const Byte *const b = start(plan.source[1].operand), *const c = start(plan.source[adds ? 2 : 1].operand);
     const Byte *const d = start(plan.result[0]);
-    return each_group<T>(plan, first, [&](int n) {
+    return each_group<T, 1, false, true>(plan, first, [&](int n) {
         const std::ptrdiff_t begin = std::ptrdiff_t{4 * size} * n;
 #pragma GCC unroll 8
         for (std::ptrdiff_t e = begin; e < begin + 4 * pack_bytes; e += Two::bytes) {
@@ -126,9 +125,9 @@ int one_matrix_of_four(const LanePlan &plan, int first) {
     });
 }
 
-// And for vectors of three without gaps, W of them in three registers, which stay as they lie: element e of them is the sum
-// of the elements p of its own vector times (e % 3, p) of the matrix. The elements p of all vectors, each at three places,
-// come from the registers at once, or first all into one, each in its own lane.
+// And for vectors of three without gaps, W of them in three registers, which stay as they lie: element e of them is the
+// sum of the elements p of its own vector times (e % 3, p) of the matrix. The elements p of all vectors, each at three
+// places, come from the registers at once, or first all into one, each in its own lane.
 template <int p>
 struct OfOwnVector {
     static constexpr int at(int e) { return e - e % 3 + p; }
@@ -148,13 +147,12 @@ struct FromItsLane {
 template <class T, int p>
 [[gnu::always_inline]] inline void elements_of_own_vectors(const Pack<T> (&x)[3], Pack<T> (&out)[3]) {
     constexpr int W = Pack<T>::width;
-    constexpr auto three = std::make_integer_sequence<int, 3>{};
     if constexpr (usual_way == By::pairs) {
-        rearrange<T, OfOwnVector<p>, 3>(x, out, three);
+        rearrange<T, OfOwnVector<p>, 3, 3>(x, out);
     } else {
         constexpr auto lanes = std::make_integer_sequence<int, W>{};
         const Pack<T> one = Rearranged<T, OfOwnLane<p, W>, 0, 3>::of(x, lanes);
-        rearrange<T, FromItsLane<p, W>, 1>(&one, out, three);
+        rearrange<T, FromItsLane<p, W>, 3, 1>(&one, out);
     }
 }
 template <int p>
@@ -173,14 +171,13 @@ int one_matrix_of_three(const LanePlan &plan, int first) {
                 load_element<T>(matrix.o.transposed ? matrix.address(0, p, i) : matrix.address(0, i, p));
     Pack<T> nine[registers], m[3][3]; // m[p][k]
     for (int k = 0; k < registers; ++k) nine[k] = load_pack<T>(elements + k * W);
-    constexpr auto all = std::make_integer_sequence<int, 3>{};
-    rearrange<T, OfRowThere<0>, registers>(nine, m[0], all);
-    rearrange<T, OfRowThere<1>, registers>(nine, m[1], all);
-    rearrange<T, OfRowThere<2>, registers>(nine, m[2], all);
+    rearrange<T, OfRowThere<0>, 3, registers>(nine, m[0]);
+    rearrange<T, OfRowThere<1>, 3, registers>(nine, m[1]);
+    rearrange<T, OfRowThere<2>, 3, registers>(nine, m[2]);
     const auto start = [](const LaneOperand &o) { return static_cast<const Byte *>(o.base); };
     const Byte *const b = start(plan.source[1].operand), *const c = start(plan.source[adds ? 2 : 1].operand);
     const Byte *const d = start(plan.result[0]);
-    return each_group<T>(plan, first, [&](int n) {
+    return each_group<T, 1, false, true>(plan, first, [&](int n) {
         const std::ptrdiff_t offset = std::ptrdiff_t{3 * sizeof(T)} * n;
         Pack<T> x[3], element[3], sum[3];
         for (int k = 0; k < 3; ++k) x[k] = load_pack<T>(b + offset + k * pack_bytes);
@@ -244,7 +241,7 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
             },
             vector, added, dst);
     }
-    if constexpr (masked_ends) {
+    if constexpr (loads_ends) {
         const bool in_registers = matrix.way == Matrices::Way::rows && matrix.dense && !matrix.o.transposed;
         if (by_columns && in_registers) {
             if constexpr (N == 3 && sizeof(T) == 8) return product_by_short_columns<T, from_zero, adds>(plan, first);

@@ -1,5 +1,5 @@
-// Operations on single elements over objects that follow each other without a gap: all of a call are one run of adjacent
-// elements, which needs no plan.
+// Operations on single elements over objects that follow each other without a gap: all of a call are one run of
+// adjacent elements, which needs no plan.
 #pragma once
 
 #include "frame_lanes.hpp"
@@ -55,7 +55,8 @@ void copy_run(const LaneRun &run);
 void compute_run(const LaneRun &run, Arithmetic operation, double constant = 0);
 } // namespace smx
 
-// The same from element `first` on. Returns the first element not done, which is `first` where a narrower set is faster.
+// The same from element `first` on. Returns the first element not done, which is `first` where a narrower set is
+// faster.
 SMX_DECLARE_LANES(std::ptrdiff_t, copy_run_lanes, const LaneRun &run, std::ptrdiff_t first)
 SMX_DECLARE_LANES(std::ptrdiff_t, compute_run_lanes, const LaneRun &run, Arithmetic operation, double constant,
                   std::ptrdiff_t first)

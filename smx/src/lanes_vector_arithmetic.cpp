@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "frame_lane_access.hpp"
+#include "frame_lane_loops.hpp"
 #include "frame_row.hpp"
 
 namespace smx {

@@ -1,7 +1,7 @@
 #include "lanes_vector_products.hpp"
 
 #include "family_products_core.hpp"
-#include "frame_lane_access.hpp"
+#include "frame_lane_loops.hpp"
 #include "frame_row.hpp"
 
 namespace smx {
@@ -61,7 +61,7 @@ struct NextAround {
 template <class T>
 SMX_LANE_LOOP int cross(const LanePlan &plan, int first) {
     const LaneAccess<T, 1, 3> a(plan.source[0].operand), b(plan.source[1].operand), dst(plan.result[0]);
-    if constexpr (masked_ends) {
+    if constexpr (loads_ends) {
         const auto rows = [](const auto &x) { return is_known(x, Known::strided) || is_known(x, Known::listed); };
         const bool all_packed = a.packed && b.packed && dst.packed;
         if (rows(a) && rows(b) && rows(dst) && !all_packed)
@@ -83,16 +83,15 @@ SMX_LANE_LOOP int cross(const LanePlan &plan, int first) {
             Pack<T> x[3], y[3], z[3];
             if constexpr (std::remove_cvref_t<decltype(from)>::few) {
                 // As they lie: a(i) b(i + 1) - a(i + 1) b(i) is element i + 2.
-                constexpr auto registers = std::make_integer_sequence<int, 3>{};
                 Pack<T> next_x[3], next_y[3];
                 for (int k = 0; k < 3; ++k) {
                     x[k] = load_pack<T>(from.group(n) + k * pack_bytes);
                     y[k] = load_pack<T>(beside.group(n) + k * pack_bytes);
                 }
-                rearrange<T, NextAround, 3>(x, next_x, registers);
-                rearrange<T, NextAround, 3>(y, next_y, registers);
+                rearrange<T, NextAround, 3, 3>(x, next_x);
+                rearrange<T, NextAround, 3, 3>(y, next_y);
                 for (int k = 0; k < 3; ++k) z[k] = x[k] * next_y[k] - next_x[k] * y[k];
-                rearrange<T, NextAround, 3>(z, x, registers);
+                rearrange<T, NextAround, 3, 3>(z, x);
                 for (int k = 0; k < 3; ++k) store_pack(const_cast<Byte *>(to.group(n) + k * pack_bytes), x[k]);
             } else {
                 from.load(n, x);
