@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -12,6 +13,7 @@
 #include <tuple>
 #include <vector>
 
+#include "rules.hpp"
 #include "smkcore.h"
 #include "smx.h"
 
@@ -266,5 +268,103 @@ template <class T>
 constexpr Real eps = std::numeric_limits<T>::epsilon();
 
 using BothTypes = ::testing::Types<float, double>;
+
+// ---- calls of any form, count and number of threads against a model of one object
+
+inline int below(int n, std::mt19937 &random) {
+    return static_cast<int>(random() % static_cast<unsigned>(n));
+}
+
+// The form of the same layout whose elements of a row are adjacent, or not.
+inline Form beside(Form form, bool spread) {
+    if (form == Form::pointers) return form;
+    if (form == Form::list || form == Form::list_strided) return spread ? Form::list_strided : Form::list;
+    return spread ? Form::strided : Form::packed;
+}
+
+// A call's forms and extent, dealt out at random. The elements of a row may be adjacent in one operand and not in
+// another: the call takes the path for adjacent ones if all are.
+template <class T>
+struct Deal {
+    Form form[3] = {}; // of each operand
+    bool adjacent = true, array = true;
+    int count, threads, shares; // `shares` is how many parts the call makes of its objects
+
+    // The member is that of `operation` ("QRDecomp_ma") for the form; its first operand is h by w. One call in `rarity`
+    // is big enough for the threads.
+    Deal(const std::string &operation, Form first, int operands, int h, int w, int rarity, std::mt19937 &random) {
+        const bool mixed = random() % 4 == 0, is_list = beside(first, true) == Form::list_strided;
+        for (int i = 0; i < operands; ++i) {
+            form[i] = mixed ? beside(first, random() % 2 == 0) : first;
+            adjacent = adjacent && form[i] != Form::strided && form[i] != Form::list_strided;
+        }
+        const char *const suffix = first == Form::pointers ? "_P" : is_list ? "_L" : "";
+        const auto &member = members::find("smx" + operation + (sizeof(T) == 4 ? "_32f" : "_64f") + suffix);
+        const rules::Bound &rule = *rules::bound(member);
+        const int *const bounds = first == Form::pointers ? rule.pointers
+                                  : is_list               ? (adjacent ? rule.list : rule.list_s2)
+                                                          : (adjacent ? rule.strided : rule.s2);
+        const auto divided = [&] { return rule.work(h, w, 0, count) > bounds[sizeof(T) / 8]; };
+        count = 1;
+        if (below(rarity, random) == 0)
+            while (!divided()) ++count;
+        count += below(40, random);
+        if (random() % 4 == 0) count = 1;
+        array = count > 1 || random() % 2 == 0;
+        threads = 1 + below(3, random);
+        shares = array && divided() ? threads : 1;
+    }
+    // What a call is to return and leave in `memory`, by a model that runs here object by object.
+    template <class Model>
+    std::pair<SmxStatus, std::vector<T>> expected(std::vector<T> &memory, Model model) const {
+        const std::vector<T> before = memory;
+        const SmxStatus status = in_shares(count, shares, model);
+        std::pair<SmxStatus, std::vector<T>> result(status, memory);
+        std::copy(before.begin(), before.end(), memory.begin());
+        return result;
+    }
+};
+template <class T>
+std::ostream &operator<<(std::ostream &out, const Deal<T> &d) {
+    return out << "forms " << int(d.form[0]) << int(d.form[1]) << int(d.form[2]) << " array " << d.array << " count "
+               << d.count << " threads " << d.threads << " shares " << d.shares;
+}
+
+enum class Sample { random, ties, graded, edges, specials };
+constexpr Sample all_samples[] = {Sample::random, Sample::ties, Sample::graded, Sample::edges, Sample::specials};
+
+// Ties are small integers, often singular. Edges are permutations in which one element lies about a bound.
+template <class T>
+void put_sample(const Objects<T> &a, int o, Sample sample, T bound, std::mt19937 &random) {
+    using Limits = std::numeric_limits<T>;
+    std::uniform_real_distribution<double> uniform(-1, 1);
+    const auto any = [&](int n) { return below(n, random); };
+    const T above = std::nextafter(bound, T(1)), below = std::nextafter(bound, T(0));
+    const T edge[] = {below, bound, above, -below, -bound, -above, T(0), Limits::quiet_NaN()};
+    const T special[] = {Limits::quiet_NaN(), Limits::infinity(), Limits::max() / 4, Limits::denorm_min(), -T(0)};
+    const int turn = any(a.rows), step = any(8), column = any(a.cols);
+    for (int i = 0; i < a.rows; ++i)
+        for (int j = 0; j < a.cols; ++j) {
+            double x = uniform(random);
+            if (sample == Sample::ties) x = any(5) - 2;
+            if (sample == Sample::graded) x = std::ldexp(x, -(i + j) * step);
+            if (sample == Sample::edges) x = i == (j + turn) % a.rows ? (any(2) ? 1 : -1) : 0;
+            a.at(o, i, j) = static_cast<T>(x);
+        }
+    if (sample == Sample::edges) a.at(o, (column + turn) % a.rows, column) = edge[any(8)];
+    if (sample == Sample::specials) a.at(o, any(a.rows), any(a.cols)) = special[any(5)];
+}
+
+// A buffer of which a call is to use `used` elements at most, and where it needs none, nothing.
+template <class T>
+struct Buffer {
+    std::ptrdiff_t used;
+    std::vector<T> memory;
+    explicit Buffer(int elements) : used(elements), memory(static_cast<std::size_t>(elements) + 8, mark<T>) {}
+    T *data() { return memory.data(); }
+    bool untouched(bool all) const {
+        return std::all_of(memory.begin() + (all ? 0 : used), memory.end(), [](T x) { return x == mark<T>; });
+    }
+};
 
 } // namespace factor

@@ -94,8 +94,8 @@ void mixtures(const Member &member) {
         }
 }
 
-// More objects than the caches hold: functions of one array of matrices, of which doubles are that sooner, and some with
-// rows of three floats.
+// More objects than the caches hold: functions of one array of matrices, of which doubles are that sooner, and some
+// with rows of three floats.
 std::optional<Shape> far_shape(const Member &member) {
     int matrices = 0;
     for (const Operand &o : member.row->operands) matrices += o.source && o.array && o.structure == Structure::matrix;

@@ -380,12 +380,8 @@ std::vector<unsigned char> Call::memory() const {
         const auto found = blocks_.find(o.name);
         if (found == blocks_.end() || o.integers || o.structure == Structure::buffer) continue;
         const std::size_t size = static_cast<std::size_t>(member_.element);
-        // Where an overlap has put it; operands that have moved out of memory_ stay as they are at home.
-        const unsigned char *const now = reinterpret_cast<const unsigned char *>(start(o));
-        const bool inside = now >= memory_.data() && now < memory_.data() + memory_.size();
-        const std::size_t begin = inside ? static_cast<std::size_t>(now - memory_.data()) : found->second.begin;
-        // Objects of a list may lie behind the operand itself.
-        for (std::size_t at = begin; at + size <= copy.size(); at += size) {
+        // An overlap or a list may have put its objects behind its own place.
+        for (std::size_t at = found->second.begin; at + size <= copy.size(); at += size) {
             float f;
             double d;
             std::memcpy(&f, copy.data() + at, 4);
