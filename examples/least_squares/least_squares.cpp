@@ -2,60 +2,24 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <exception>
-#include <stdexcept>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "program.hpp"
 #include "smx.h"
 #include "table.hpp"
 
 namespace {
 
-constexpr const char *usage =
-    R"(Usage: least_squares [options] DATA.csv
-Fits one column of a table, the response, by all the others, the predictors, in the sense of least squares.
-
-  DATA.csv           rows of numbers, with or without a heading
-  --response COLUMN  its name, or its number from 1 on (default: 1)
-  --no-intercept     fit without a constant term
-  --help
-
-Exits with 2 on bad input.
-)";
-
 constexpr std::size_t mostPredictors = 12;
 constexpr int element = sizeof(double);
 
-struct Options {
-    std::string file, response = "1";
-    bool intercept = true, help = false;
-};
-
-Options readOptions(int count, char **arguments) {
-    Options options;
-    for (int i = 1; i < count; ++i) {
-        const std::string_view option = arguments[i];
-        if (option == "--help") options.help = true;
-        else if (option == "--no-intercept") options.intercept = false;
-        else if (option == "--response") {
-            if (++i == count) throw std::runtime_error("--response needs a value");
-            options.response = arguments[i];
-        } else if (option.starts_with("-") || !options.file.empty())
-            throw std::runtime_error("what is \"" + std::string(option) + "\"? See --help");
-        else options.file = option;
-    }
-    if (options.file.empty() && !options.help) throw std::runtime_error("which file? See --help");
-    return options;
-}
-
-std::size_t columnOf(const table::Table &data, const std::string &name, const std::string &file) {
-    const auto found = std::find(data.names.begin(), data.names.end(), name);
+std::size_t columnOf(const shared::Table &data, const std::string &name) {
+    const auto found = std::ranges::find(data.names, name);
     if (found != data.names.end()) return static_cast<std::size_t>(found - data.names.begin());
     for (std::size_t column = 0; column < data.columns(); ++column)
         if (name == std::to_string(column + 1)) return column;
-    throw std::runtime_error(file + " has no column \"" + name + "\"");
+    throw std::runtime_error(data.file + " has no column \"" + name + "\"");
 }
 
 struct Term {
@@ -83,7 +47,7 @@ void restore(const std::vector<Term> &terms, bool intercept, double *coefficient
 // coefficients, 13 digits are right with it and 10 without. With a constant term in the fit, any number may be taken
 // without an error. The scale brings the columns to a length near 1, since the test of smxQRDecomp for a dependent
 // column is absolute; it is a power of two and thus exact.
-double columnMean(const table::Table &data, std::size_t column) {
+double columnMean(const shared::Table &data, std::size_t column) {
     double sum = 0;
     for (std::size_t i = 0; i < data.rows(); ++i) sum += data.at(i, column);
     return sum / static_cast<double>(data.rows());
@@ -95,7 +59,7 @@ double powerOfTwoNear(const double *column, std::size_t step, std::size_t rows) 
     return squares > 0 ? std::ldexp(1.0, -std::ilogb(std::sqrt(squares))) : 1;
 }
 
-Fit fit(const table::Table &data, std::size_t response, bool intercept, const std::string &file) {
+Fit fit(const shared::Table &data, std::size_t response, bool intercept) {
     Fit result;
     result.rows = data.rows();
     if (intercept) result.terms.push_back({"(intercept)"});
@@ -108,11 +72,11 @@ Fit fit(const table::Table &data, std::size_t response, bool intercept, const st
     const std::size_t rows = data.rows(), terms = result.terms.size();
     const std::size_t predictors = terms - (intercept ? 1 : 0);
     if (predictors > mostPredictors)
-        throw std::runtime_error(file + " has " + std::to_string(predictors) + " predictors; the most are " +
+        throw std::runtime_error(data.file + " has " + std::to_string(predictors) + " predictors; the most are " +
                                  std::to_string(mostPredictors));
-    if (terms == 0) throw std::runtime_error(file + " has no predictors");
+    if (terms == 0) throw std::runtime_error(data.file + " has no predictors");
     if (rows <= terms)
-        throw std::runtime_error(file + ": " + std::to_string(terms) + " coefficients need more than " +
+        throw std::runtime_error(data.file + ": " + std::to_string(terms) + " coefficients need more than " +
                                  std::to_string(rows) + " rows");
 
     std::vector<double> a(rows * terms), qr(rows * terms), y(rows), buffer(rows);
@@ -128,7 +92,7 @@ Fit fit(const table::Table &data, std::size_t response, bool intercept, const st
 
     const int width = static_cast<int>(terms), height = static_cast<int>(rows), row = width * element;
     if (smxQRDecomp_m_64f(a.data(), row, element, buffer.data(), qr.data(), row, element, width, height) != smxStsNoErr)
-        throw std::runtime_error(file + ": the predictors are linearly dependent" +
+        throw std::runtime_error(data.file + ": the predictors are linearly dependent" +
                                  (intercept ? ", or one is constant" : ""));
     std::vector<double> solution(terms);
     smxQRBackSubst_mv_64f(qr.data(), row, element, buffer.data(), y.data(), element, solution.data(), element, width,
@@ -142,6 +106,8 @@ Fit fit(const table::Table &data, std::size_t response, bool intercept, const st
         squares += rest * rest;
         total += y[i] * y[i];
     }
+    if (!std::isfinite(squares + total))
+        throw std::runtime_error(data.file + ": the numbers are too large to be squared");
     result.residual = std::sqrt(squares / static_cast<double>(rows - terms));
     result.rSquared = 1 - squares / total;
 
@@ -179,18 +145,20 @@ void print(const Fit &fit, const std::string &response, const std::string &file)
 } // namespace
 
 int main(int count, char **arguments) {
-    try {
-        const Options options = readOptions(count, arguments);
-        if (options.help) {
-            std::fputs(usage, stdout);
+    using namespace shared;
+    std::string file, response = "1";
+    bool noIntercept = false;
+    return execute(
+        {"least_squares",
+         "Fits one column of a table, the response, by all the others, the predictors, in the sense of least squares.",
+         {{"DATA.csv", "rows of numbers, with or without a heading", text(file)},
+          {"--response COLUMN", "its name, or its number from 1 on (default: 1)", text(response)},
+          {"--no-intercept", "fit without a constant term", flag(noIntercept)}},
+         "Exits with 2 on bad input.\n"},
+        count, arguments, [&] {
+            const Table data = readTable(file);
+            const std::size_t column = columnOf(data, response);
+            print(fit(data, column, !noIntercept), data.names[column], file);
             return 0;
-        }
-        const table::Table data = table::read(options.file);
-        const std::size_t response = columnOf(data, options.response, options.file);
-        print(fit(data, response, options.intercept, options.file), data.names[response], options.file);
-        return 0;
-    } catch (const std::exception &failure) {
-        std::fprintf(stderr, "least_squares: %s\n", failure.what());
-        return 2;
-    }
+        });
 }

@@ -4,108 +4,80 @@
 #include <algorithm>
 #include <array>
 #include <random>
-#include <stdexcept>
-#include <string>
 #include <vector>
 
-#include "smx.h"
+#include "calls.hpp"
 
 namespace mesh {
 
 inline constexpr int element = sizeof(float);
 
-inline void check(SmxStatus status) {
-    if (status != smxStsNoErr) throw std::logic_error("a call was refused, status " + std::to_string(status));
-}
-
 // Standard layout: a field of an array of structures, `stride` bytes from one to the next.
 struct Field {
     float *base;
     int stride;
+    auto place() const { return std::tuple(base, stride, element); }
 };
 
 // Pointer layout: a structure of arrays. Three pointers find object 0, each next object is one element on.
 struct Planes {
     std::array<float *, 3> table;
+    auto place() const { return std::tuple(table.data(), 0, element); }
 };
 
 // List layout: a pointer to each object, wherever it is, and how far behind it the vector stands.
 struct Scattered {
     float *const *list;
     int shift;
+    auto place() const { return std::tuple(list, shift, element); }
 };
 
-inline void copy(Field src, Field dst, int count) {
-    check(smxCopy_va_32f_SS(src.base, src.stride, element, dst.base, dst.stride, element, 3, count));
+// The function for the layout.
+template <class Layout>
+constexpr auto pick(auto standard, auto pointer, auto list) {
+    if constexpr (std::is_same_v<Layout, Field>) return standard;
+    else if constexpr (std::is_same_v<Layout, Planes>) return pointer;
+    else return list;
 }
-inline void copy(Field src, Planes dst, int count) {
-    check(smxCopy_va_32f_SP(src.base, src.stride, element, dst.table.data(), 0, element, 3, count));
+
+inline void run(auto function, const auto &...parts) {
+    shared::check(shared::call(function, parts...));
 }
-inline void copy(Field src, Scattered dst, int count) {
-    check(smxCopy_va_32f_SL(src.base, src.stride, element, dst.list, dst.shift, element, 3, count));
-}
-inline void copy(Planes src, Field dst, int count) {
-    check(smxCopy_va_32f_PS(src.table.data(), 0, element, dst.base, dst.stride, element, 3, count));
-}
-inline void copy(Scattered src, Field dst, int count) {
-    check(smxCopy_va_32f_LS(src.list, src.shift, element, dst.base, dst.stride, element, 3, count));
-}
-inline void copy(Scattered src, Planes dst, int count) {
-    check(smxCopy_va_32f_LP(src.list, src.shift, element, dst.table.data(), 0, element, 3, count));
-}
-inline void copy(Scattered src, Scattered dst, int count) {
-    check(smxCopy_va_32f_LL(src.list, src.shift, element, dst.list, dst.shift, element, 3, count));
+
+template <class From, class To>
+void copy(const From &src, const To &dst, int count) {
+    const auto function = pick<From>(pick<To>(smxCopy_va_32f_SS, smxCopy_va_32f_SP, smxCopy_va_32f_SL),
+                                     pick<To>(smxCopy_va_32f_PS, smxCopy_va_32f_PP, smxCopy_va_32f_PL),
+                                     pick<To>(smxCopy_va_32f_LS, smxCopy_va_32f_LP, smxCopy_va_32f_LL));
+    run(function, src.place(), dst.place(), 3, count);
 }
 
 // a - b
-inline void subtract(Field a, Field b, Field dst, int count) {
-    check(
-        smxSub_vava_32f(a.base, a.stride, element, b.base, b.stride, element, dst.base, dst.stride, element, 3, count));
-}
-inline void subtract(Planes a, Planes b, Planes dst, int count) {
-    check(smxSub_vava_32f_P(a.table.data(), 0, element, b.table.data(), 0, element, dst.table.data(), 0, element, 3,
-                            count));
-}
-inline void subtract(Scattered a, Scattered b, Scattered dst, int count) {
-    check(
-        smxSub_vava_32f_L(a.list, a.shift, element, b.list, b.shift, element, dst.list, dst.shift, element, 3, count));
+template <class V>
+void subtract(const V &a, const V &b, const V &dst, int count) {
+    run(pick<V>(smxSub_vava_32f, smxSub_vava_32f_P, smxSub_vava_32f_L), a.place(), b.place(), dst.place(), 3, count);
 }
 
-inline void cross(Field a, Field b, Field dst, int count) {
-    check(smxCrossProduct_vava_32f(a.base, a.stride, element, b.base, b.stride, element, dst.base, dst.stride, element,
-                                   count));
-}
-inline void cross(Planes a, Planes b, Planes dst, int count) {
-    check(smxCrossProduct_vava_32f_P(a.table.data(), 0, element, b.table.data(), 0, element, dst.table.data(), 0,
-                                     element, count));
-}
-inline void cross(Scattered a, Scattered b, Scattered dst, int count) {
-    check(smxCrossProduct_vava_32f_L(a.list, a.shift, element, b.list, b.shift, element, dst.list, dst.shift, element,
-                                     count));
+template <class V>
+void cross(const V &a, const V &b, const V &dst, int count) {
+    run(pick<V>(smxCrossProduct_vava_32f, smxCrossProduct_vava_32f_P, smxCrossProduct_vava_32f_L), a.place(), b.place(),
+        dst.place(), count);
 }
 
 // The lengths come out one behind the other in every layout.
-inline void lengths(Field a, float *dst, int count) {
-    check(smxL2Norm_va_32f(a.base, a.stride, element, dst, 3, count));
-}
-inline void lengths(Planes a, float *dst, int count) {
-    check(smxL2Norm_va_32f_P(a.table.data(), 0, element, dst, 3, count));
-}
-inline void lengths(Scattered a, float *dst, int count) {
-    check(smxL2Norm_va_32f_L(a.list, a.shift, element, dst, 3, count));
+template <class V>
+void lengths(const V &a, float *dst, int count) {
+    run(pick<V>(smxL2Norm_va_32f, smxL2Norm_va_32f_P, smxL2Norm_va_32f_L), a.place(), dst, 3, count);
 }
 
 // Each vector by its own factor, in place. A list wants its factors by pointers, too.
-inline void scale(Field a, const std::vector<float> &factors, int count) {
-    check(smxMul_vaca_32f(a.base, a.stride, element, factors.data(), element, a.base, a.stride, element, 3, count));
-}
-inline void scale(Planes a, const std::vector<float> &factors, int count) {
-    check(smxMul_vaca_32f_P(a.table.data(), 0, element, factors.data(), element, a.table.data(), 0, element, 3, count));
-}
-inline void scale(Scattered a, const std::vector<float> &factors, int count) {
+template <class V>
+void scale(const V &a, const std::vector<float> &factors, int count) {
     std::vector<const float *> each;
     for (const float &factor : factors) each.push_back(&factor);
-    check(smxMul_vaca_32f_L(a.list, a.shift, element, each.data(), 0, a.list, a.shift, element, 3, count));
+    const auto first =
+        pick<V>(std::tuple(factors.data(), element), std::tuple(factors.data(), element), std::tuple(each.data(), 0));
+    run(pick<V>(smxMul_vaca_32f, smxMul_vaca_32f_P, smxMul_vaca_32f_L), a.place(), first, a.place(), 3, count);
 }
 
 // Stores of `fields` vectors for each of `count` objects, one store for each layout.

@@ -1,45 +1,27 @@
 // Draws a triangle mesh or a point cloud: normals, transform and projection of all points in a few calls.
-#include <chrono>
 #include <cstdio>
-#include <exception>
 #include <filesystem>
-#include <limits>
+#include <string>
 
 #include "canvas.hpp"
 #include "layouts.hpp"
 #include "mesh_file.hpp"
-#include "options.hpp"
+#include "program.hpp"
 #include "smkcore.h"
+#include "timing.hpp"
 
 namespace mesh {
 namespace {
 
-using shapes::Camera;
-using shapes::Canvas;
-using shapes::Vec;
-
-constexpr const char *usage =
-    R"(Usage: mesh_view [options] FILE
-Draws a triangle mesh or a point cloud (FILE.obj, an ASCII FILE.ply, FILE.xyz) to a PNG file.
-
-  --picture FILE     where to draw (default: mesh_view.png; none: no picture)
-  --width PIXELS     of the picture, which is three quarters as high (default: 1280)
-  --layout LAYOUT    how the vectors lie in memory while normals are computed: structs (an array of structures), arrays
-                     (a structure of arrays) or list (objects anywhere). The picture is the same. (default: structs)
-  --azimuth DEGREES  where the eye stands round the model (default: 20)
-  --elevation DEGREES  and how high (default: 25)
-  --z-up             the model's z axis is up, not its y axis
-  --threads N        threads for the array calls (default: 1)
-  --help
-
-Exits with 2 on bad input.
-)";
+using shared::Camera;
+using shared::Canvas;
+using shared::Vec;
 
 struct Options {
     std::string file, picture = "mesh_view.png", layout = "structs";
     double azimuth = 20, elevation = 25;
     int threads = 1, width = 1280;
-    bool zUp = false, help = false;
+    bool zUp = false;
 };
 
 struct Vertex {
@@ -52,8 +34,8 @@ struct Vertex {
 class Model {
 public:
     // The points are moved and scaled into the unit ball: their file's unit, and its origin, may be anything.
-    explicit Model(const shapes::Shape &shape) : triangles(shape.triangles), vertices(shape.points.size()) {
-        const shapes::Ball ball = shapes::ballRound(shape.points);
+    explicit Model(const shared::Shape &shape) : triangles(shape.triangles), vertices(shape.points.size()) {
+        const shared::Ball ball = shared::ballRound(shape.points);
         for (std::size_t n = 0; n < vertices.size(); ++n)
             for (std::size_t axis = 0; axis < 3; ++axis)
                 vertices[n].position[axis] =
@@ -99,22 +81,15 @@ public:
     // Fills in what the camera sees.
     void project(Camera &camera, const Canvas &canvas) {
         toScreen(camera);
-        float left = std::numeric_limits<float>::max(), top = left, right = -left, bottom = -left;
-        for (const Vertex &v : vertices) {
-            left = std::min(left, v.screen[0]);
-            right = std::max(right, v.screen[0]);
-            top = std::min(top, v.screen[1]);
-            bottom = std::max(bottom, v.screen[1]);
-        }
-        camera.fit(left, top, right, bottom, canvas.columns(), canvas.rows());
+        camera.fit(
+            vertices.size(), [&](std::size_t n) { return vec(vertices[n].screen); }, triangles.empty() ? radius() : 0,
+            canvas.columns(), canvas.rows());
         toScreen(camera);
         const Field from = field(&Vertex::normal), to = field(&Vertex::facing);
-        check(smxMul_mva_32f(camera.turn.data(), 3 * element, element, 3, 3, from.base, from.stride, element, 3,
-                             to.base, to.stride, element, size()));
+        run(smxMul_mva_32f, camera.turn.data(), 3 * element, element, 3, 3, from.place(), 3, to.place(), size());
     }
 
     void draw(Canvas &canvas, const Camera &camera) const {
-        const auto vec = [](const float *v) { return Vec{v[0], v[1], v[2]}; };
         for (const auto &corners : triangles) {
             std::array<Vec, 3> place, normal;
             for (std::size_t i = 0; i < 3; ++i) {
@@ -125,19 +100,26 @@ public:
             canvas.triangle(place, normal, {0.62F, 0.57F, 0.51F});
         }
         if (!triangles.empty()) return;
-        // Balls that just about touch if the points cover the model evenly. Near ones look larger, and lighter.
-        const float radius = 1.3F / std::sqrt(static_cast<float>(vertices.size()));
+        // Near balls look larger, and lighter.
         for (const Vertex &v : vertices) {
             const float near = std::clamp((v.screen[2] * Camera::distance - 0.8F) / 0.5F, 0.0F, 1.0F);
-            canvas.ball(vec(v.screen), radius * camera.lens * v.screen[2], camera,
-                        shapes::mix({0.14F, 0.22F, 0.38F}, {0.85F, 0.66F, 0.38F}, near));
+            canvas.ball(vec(v.screen), radius() * camera.lens * v.screen[2], camera,
+                        mix(Vec{0.14F, 0.22F, 0.38F}, Vec{0.85F, 0.66F, 0.38F}, near));
         }
     }
 
     int size() const { return static_cast<int>(vertices.size()); }
-    int faces() const { return static_cast<int>(triangles.size()); }
+    std::string description() const {
+        if (triangles.empty()) return std::to_string(size()) + " points";
+        return std::to_string(size()) + " vertices, " + std::to_string(triangles.size()) + " triangles";
+    }
 
 private:
+    static Vec vec(const float *v) { return {v[0], v[1], v[2]}; }
+
+    // Balls that just about touch if the points cover the model evenly.
+    float radius() const { return 1.3F / std::sqrt(static_cast<float>(vertices.size())); }
+
     // A field of the vertices as they are: nothing is copied out.
     Field field(float (Vertex::*member)[3]) { return {vertices[0].*member, sizeof(Vertex)}; }
 
@@ -153,8 +135,7 @@ private:
     void toScreen(const Camera &camera) {
         const auto matrix = camera.projection();
         const Field from = field(&Vertex::position), to = field(&Vertex::screen);
-        check(smxAffineTransform3DH_mva_32f(matrix.data(), 4 * element, element, from.base, from.stride, element,
-                                            to.base, to.stride, element, size()));
+        run(smxAffineTransform3DH_mva_32f, matrix.data(), 4 * element, element, from.place(), to.place(), size());
     }
 
     std::vector<std::array<int, 3>> triangles;
@@ -162,61 +143,54 @@ private:
     std::vector<float *> cornerList;
 };
 
-double milliseconds(const auto &work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-void run(const Options &options) {
-    if (options.file.empty()) throw std::runtime_error("which file? See --help");
-    Model model(shapes::readShape(options.file));
+int draw(const Options &options) {
+    Model model(shared::readShape(options.file));
     threads_omp_of_n_smk = options.threads;
-    std::printf("%s: %d vertices, %d triangles\n", options.file.c_str(), model.size(), model.faces());
+    std::printf("%s: %s\n", options.file.c_str(), model.description().c_str());
 
-    const double normals = milliseconds([&] {
+    const double normals = shared::secondsOf([&] {
         if (options.layout == "structs") model.computeNormals<Structs>();
         else if (options.layout == "arrays") model.computeNormals<Arrays>();
-        else if (options.layout == "list") model.computeNormals<Objects>();
-        else throw std::runtime_error("--layout is structs, arrays or list, not \"" + options.layout + "\"");
+        else model.computeNormals<Objects>();
     });
     Canvas canvas(options.width, options.width * 3 / 4);
     Camera camera(options.azimuth, options.elevation, options.zUp);
-    const double projection = milliseconds([&] { model.project(camera, canvas); });
-    std::printf("normals     %8.2f ms, layout %s\nprojection  %8.2f ms\n", normals, options.layout.c_str(), projection);
-    if (options.picture == "none") return;
+    const double projection = shared::secondsOf([&] { model.project(camera, canvas); });
+    std::printf("normals     %8.2f ms, layout %s\nprojection  %8.2f ms\n", 1e3 * normals, options.layout.c_str(),
+                1e3 * projection);
+    if (options.picture == "none") return 0;
     const std::string name = std::filesystem::path(options.file).stem().string();
-    const double drawing = milliseconds([&] {
+    const double drawing = shared::secondsOf([&] {
         model.draw(canvas, camera);
-        canvas.writePng(options.picture, camera, Canvas::Light::lamp,
-                        name + ": " + std::to_string(model.size()) + " vertices, " + std::to_string(model.faces()) +
-                            " triangles");
+        canvas.write(options.picture, camera, Canvas::Light::lamp, name + ": " + model.description());
     });
-    std::printf("picture     %8.2f ms, %s\n", drawing, options.picture.c_str());
+    std::printf("picture     %8.2f ms, %s\n", 1e3 * drawing, options.picture.c_str());
+    return 0;
 }
 
 } // namespace
 } // namespace mesh
 
 int main(int count, char **arguments) {
-    try {
-        using shapes::into;
-        mesh::Options options;
-        shapes::readOptions(count, arguments,
-                            {{"", into(options.file)},
-                             {"--picture", into(options.picture)},
-                             {"--width", into(options.width, 16, 8192)},
-                             {"--layout", into(options.layout)},
-                             {"--azimuth", into(options.azimuth, -360.0, 360.0)},
-                             {"--elevation", into(options.elevation, -90.0, 90.0)},
-                             {"--z-up", into(options.zUp), true},
-                             {"--threads", into(options.threads, 1, 1024)},
-                             {"--help", into(options.help), true}});
-        if (options.help) std::fputs(mesh::usage, stdout);
-        else mesh::run(options);
-        return 0;
-    } catch (const std::exception &failure) {
-        std::fprintf(stderr, "mesh_view: %s\n", failure.what());
-        return 2;
-    }
+    using namespace shared;
+    mesh::Options o;
+    return execute(
+        {"mesh_view",
+         "Draws a triangle mesh or a point cloud.",
+         {{"FILE", "FILE.obj, an ASCII FILE.ply or FILE.xyz", text(o.file)},
+          {"--picture FILE", "where to draw, .png or .svg (default: mesh_view.png; none: no picture)",
+           file(o.picture, pictures)},
+          {"--width PIXELS", "of the picture, which is three quarters as high (default: 1280)",
+           number(o.width, 16, 8192)},
+          {"--layout LAYOUT",
+           "how the vectors lie in memory while normals are computed: structs (an array of\n"
+           "structures), arrays (a structure of arrays) or list (objects anywhere). The picture is\n"
+           "the same. (default: structs)",
+           oneOf(o.layout, {"structs", "arrays", "list"})},
+          {"--azimuth DEGREES", "where the eye stands round the model (default: 20)", number(o.azimuth, -360, 360)},
+          {"--elevation DEGREES", "and how high (default: 25)", number(o.elevation, -90, 90)},
+          {"--z-up", "the model's z axis is up, not its y axis", flag(o.zUp)},
+          {"--threads N", "threads for the array calls (default: 1)", number(o.threads, 1, 1024)}},
+         "Exits with 2 on bad input.\n"},
+        count, arguments, [&] { return mesh::draw(o); });
 }

@@ -1,19 +1,19 @@
 #include "neighbourhoods.hpp"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdint>
 
 #include <nanoflann.hpp>
 
 #include "smx.h"
+#include "timing.hpp"
 
 namespace normals {
 namespace {
 
 struct Cloud {
-    const std::vector<shapes::Point> &points;
+    const std::vector<shared::Point> &points;
     std::size_t kdtree_get_point_count() const { return points.size(); }
     double kdtree_get_pt(std::size_t n, std::size_t axis) const { return points[n][axis]; }
     template <class Box>
@@ -27,13 +27,8 @@ constexpr std::size_t block = 1024; // points whose neighbours lie in memory at 
 
 } // namespace
 
-Neighbourhoods neighbourhoodsOf(const std::vector<shapes::Point> &points, int neighbours,
+Neighbourhoods neighbourhoodsOf(const std::vector<shared::Point> &points, int neighbours,
                                 const std::function<void(std::size_t)> &progress) {
-    using Clock = std::chrono::steady_clock;
-    const auto seconds = [](Clock::time_point since) {
-        return std::chrono::duration<double>(Clock::now() - since).count();
-    };
-    const auto start = Clock::now();
     const Cloud cloud{points};
     const Tree tree(3, cloud);
     const auto rows = static_cast<std::size_t>(neighbours) + 1;
@@ -41,7 +36,7 @@ Neighbourhoods neighbourhoodsOf(const std::vector<shapes::Point> &points, int ne
     std::vector<std::uint32_t> found(rows);
     std::vector<double> squared(rows), offsets(block * rows * 3);
 
-    Neighbourhoods all{std::vector<double>(points.size() * 9), std::vector<shapes::Point>(points.size()),
+    Neighbourhoods all{std::vector<double>(points.size() * 9), std::vector<shared::Point>(points.size()),
                        std::vector<double>(points.size()), std::vector<double>(points.size())};
     for (std::size_t first = 0; first < points.size(); first += block) {
         const std::size_t count = std::min(block, points.size() - first);
@@ -59,14 +54,13 @@ Neighbourhoods neighbourhoodsOf(const std::vector<shapes::Point> &points, int ne
                     *to++ = points[found[i]][axis] - points[n][axis] - all.pull[n][axis] / static_cast<double>(rows);
         }
         // Each neighbourhood's offsets are a matrix X of 3 columns; its covariances are Xt X.
-        const auto called = Clock::now();
-        smxMul_tama_64f(offsets.data(), pitch, rowBytes, sizeof(double), 3, neighbours + 1, offsets.data(), pitch,
-                        rowBytes, sizeof(double), 3, neighbours + 1, &all.covariances[first * 9], 3 * rowBytes,
-                        rowBytes, sizeof(double), static_cast<int>(count));
-        all.inLibrary += seconds(called);
+        all.inLibrary += shared::secondsOf([&] {
+            smxMul_tama_64f(offsets.data(), pitch, rowBytes, sizeof(double), 3, neighbours + 1, offsets.data(), pitch,
+                            rowBytes, sizeof(double), 3, neighbours + 1, &all.covariances[first * 9], 3 * rowBytes,
+                            rowBytes, sizeof(double), static_cast<int>(count));
+        });
         progress(first + count);
     }
-    all.seconds = seconds(start);
     return all;
 }
 

@@ -10,14 +10,14 @@ namespace normals {
 
 struct Neighbourhoods {
     std::vector<double> covariances; // 9 a point: sums of squares and products about the mean, not divided by anything
-    std::vector<shapes::Point> pull; // sum of the neighbours' offsets from the point
+    std::vector<shared::Point> pull; // sum of the neighbours' offsets from the point
     std::vector<double> squares;     // sum of their squared distances
     std::vector<double> reach;       // distance of the last one
-    double seconds = 0, inLibrary = 0; // that it took, and of these in the array calls
+    double inLibrary = 0;            // seconds in the array calls
 };
 
 // Takes the `neighbours` nearest of each point, and the point itself. There must be more points than that.
-Neighbourhoods neighbourhoodsOf(const std::vector<shapes::Point> &points, int neighbours,
+Neighbourhoods neighbourhoodsOf(const std::vector<shared::Point> &points, int neighbours,
                                 const std::function<void(std::size_t done)> &progress);
 
 } // namespace normals

@@ -1,75 +1,27 @@
 // Surface normals and curvature of a point cloud, from the covariances of the neighbourhood of every point.
-#include <chrono>
 #include <cstdio>
-#include <exception>
 #include <filesystem>
-#include <fstream>
-#include <limits>
 #include <numbers>
-
-#include <unistd.h>
 
 #include "canvas.hpp"
 #include "neighbourhoods.hpp"
-#include "options.hpp"
 #include "principal_axes.hpp"
+#include "program.hpp"
 #include "smkcore.h"
 #include "smx.h"
+#include "timing.hpp"
 
 namespace normals {
 namespace {
 
-using shapes::Point;
-using shapes::Vec;
-
-constexpr const char *usage =
-    R"(Usage: point_normals [options] FILE
-Finds the normal and the curvature of the surface that a point cloud was taken from, at every point.
-
-  FILE                   FILE.xyz, an ASCII FILE.ply or FILE.obj; faces are not looked at
-  --neighbours N         nearest points that each point is judged by (default: 24)
-  --normals FILE         picture by normal (default: normals.png; none: no picture)
-  --curvature FILE       picture by mean curvature (default: curvature.png; none: no picture)
-  --ply FILE             writes points, normals, mean curvature and surface variation (default: none)
-  --outward              turns the normals away from the middle of the cloud, not towards the eye: right where the
-                         middle would see every point
-  --azimuth DEGREES      where the eye stands round the cloud (default: 20)
-  --elevation DEGREES    and how high (default: 25)
-  --z-up                 the cloud's z axis is up, not its y axis
-  --width PIXELS         of the pictures, which are three quarters as high (default: 1280)
-  --threads N            threads for the array calls (default: 1)
-  --make-sphere FILE     writes an XYZ file of 10000 points on a sphere, and does nothing else
-  --check-sphere         compares with that sphere's normals and curvature
-  --help
-
-Mean curvature is the mean of 1 / radius over all directions, above 0 where the surface bulges towards its normal.
-Surface variation is the least of the three variances of a neighbourhood over their sum: 0 where it is flat.
-Exits with 1 if a point has no normal (its neighbours lie on a line) or --check-sphere fails, with 2 on bad input.
-)";
+using shared::Point;
+using shared::Vec;
 
 struct Options {
     std::string file, normals = "normals.png", curvature = "curvature.png", ply = "none", makeSphere;
     int neighbours = 24, threads = 1, width = 1280;
     double azimuth = 20, elevation = 25;
-    bool outward = false, zUp = false, checkSphere = false, help = false;
-};
-
-class ProgressBar {
-public:
-    explicit ProgressBar(std::size_t points) : total(points) {}
-    void show(std::size_t done) {
-        constexpr std::size_t width = 40;
-        const std::size_t filled = done * width / total;
-        if (filled == shown || (!terminal && done < total)) return;
-        shown = filled;
-        std::printf("%s[%s%s] %zu of %zu points%s", terminal ? "\r" : "", std::string(filled, '#').c_str(),
-                    std::string(width - filled, '.').c_str(), done, total, terminal && done < total ? "" : "\n");
-        std::fflush(stdout);
-    }
-
-private:
-    std::size_t total, shown = std::numeric_limits<std::size_t>::max();
-    bool terminal = isatty(STDOUT_FILENO) == 1;
+    bool outward = false, zUp = false, checkSphere = false;
 };
 
 double dot(const Point &a, const Point &b) {
@@ -114,18 +66,14 @@ public:
             points.push_back({static_cast<float>(p[0]), static_cast<float>(p[1]), static_cast<float>(p[2])});
         screen.resize(points.size());
         project();
-        Vec low = screen[0], high = low;
-        for (const Vec &v : screen) {
-            low = {std::min(low.x, v.x), std::min(low.y, v.y), 0};
-            high = {std::max(high.x, v.x), std::max(high.y, v.y), 0};
-        }
-        camera.fit(low.x, low.y, high.x, high.y, canvas.columns(), canvas.rows());
+        camera.fit(
+            screen.size(), [&](std::size_t n) { return screen[n]; }, 0, canvas.columns(), canvas.rows());
         project();
     }
 
     Point eye() const {
         const auto back = [&](std::size_t i) {
-            return static_cast<double>(shapes::Camera::distance * camera.turn[6 + i]);
+            return static_cast<double>(shared::Camera::distance * camera.turn[6 + i]);
         };
         return {back(0), back(1), back(2)};
     }
@@ -138,12 +86,12 @@ public:
         for (const bool painting : {false, true})
             for (std::size_t n = 0; n < points.size(); ++n) {
                 const Vec normal = turned(surface.normals[n]), at = screen[n];
-                if (shapes::dot(normal, camera.position(at.x, at.y, at.z)) >= 0) continue;
+                if (dot(normal, camera.position(at.x, at.y, at.z)) >= 0) continue;
                 const float radius = static_cast<float>(0.6 * reach[n]) * camera.lens * at.z;
                 const Vec colour = paint(n, normal);
                 canvas.disc(at, std::max(radius, 1.0F), camera, normal, painting ? &colour : nullptr);
             }
-        canvas.writePng(file, camera, shapes::Canvas::Light::even, caption);
+        canvas.write(file, camera, shared::Canvas::Light::even, caption);
     }
 
 private:
@@ -162,8 +110,8 @@ private:
         return {v[0], v[1], v[2]};
     }
 
-    shapes::Canvas canvas;
-    shapes::Camera camera;
+    shared::Canvas canvas;
+    shared::Camera camera;
     std::vector<Vec> points, screen;
 };
 
@@ -175,17 +123,18 @@ Vec curvatureColour(double part) {
 }
 
 void writePly(const std::string &file, const std::vector<Point> &points, const Surface &surface, double unit) {
-    std::ofstream out(file);
-    out.precision(9);
-    out << "ply\nformat ascii 1.0\nelement vertex " << points.size()
-        << "\nproperty double x\nproperty double y\nproperty double z\nproperty float nx\nproperty float ny\n"
-           "property float nz\nproperty float mean_curvature\nproperty float surface_variation\nend_header\n";
+    shared::OutFile out(file);
+    std::fprintf(out,
+                 "ply\nformat ascii 1.0\nelement vertex %zu\nproperty double x\nproperty double y\nproperty double z\n"
+                 "property float nx\nproperty float ny\nproperty float nz\nproperty float mean_curvature\n"
+                 "property float surface_variation\nend_header\n",
+                 points.size());
     for (std::size_t n = 0; n < points.size(); ++n) {
-        for (const double x : points[n]) out << x << ' ';
-        for (const double x : surface.normals[n]) out << x << ' ';
-        out << surface.curvature[n] / unit << ' ' << surface.variation[n] << '\n';
+        for (const Point &three : {points[n], surface.normals[n]})
+            std::fprintf(out, "%.9g %.9g %.9g ", three[0], three[1], three[2]);
+        std::fprintf(out, "%.9g %.9g\n", surface.curvature[n] / unit, surface.variation[n]);
     }
-    if (!out.flush()) throw std::runtime_error("cannot write " + file);
+    out.close();
 }
 
 constexpr Point sphereCentre = {10, -20, 30};
@@ -194,16 +143,14 @@ constexpr double sphereRadius = 4;
 // A spiral from pole to pole, turning by the golden angle: evenly spread, and nowhere regular.
 void makeSphere(const std::string &file) {
     constexpr int count = 10000;
-    std::ofstream out(file);
-    out.precision(17);
+    shared::OutFile out(file);
     for (int i = 0; i < count; ++i) {
         const double z = 1 - (2 * i + 1.0) / count, ring = std::sqrt(1 - z * z);
         const double angle = i * std::numbers::pi * (3 - std::sqrt(5.0));
-        out << sphereCentre[0] + sphereRadius * ring * std::cos(angle) << ' '
-            << sphereCentre[1] + sphereRadius * ring * std::sin(angle) << ' ' << sphereCentre[2] + sphereRadius * z
-            << '\n';
+        std::fprintf(out, "%.17g %.17g %.17g\n", sphereCentre[0] + sphereRadius * ring * std::cos(angle),
+                     sphereCentre[1] + sphereRadius * ring * std::sin(angle), sphereCentre[2] + sphereRadius * z);
     }
-    if (!out.flush()) throw std::runtime_error("cannot write " + file);
+    out.close();
 }
 
 // A neighbourhood of reach r lies within r^2 / 2R of the plane that touches the sphere. A plane through it tilts by less
@@ -234,28 +181,29 @@ double quantile(std::vector<double> values, double part) {
 
 int run(const Options &options) {
     if (options.file.empty()) throw std::runtime_error("which file? See --help");
-    const std::vector<Point> given = shapes::readShape(options.file).points;
+    const std::vector<Point> given = shared::readShape(options.file).points;
     if (given.size() <= static_cast<std::size_t>(options.neighbours))
         throw std::runtime_error(options.file + " has " + std::to_string(given.size()) + " points, too few for " +
                                  std::to_string(options.neighbours) + " neighbours");
     threads_omp_of_n_smk = options.threads;
 
     // In the unit ball, like the camera; a curvature is divided by the radius to go back.
-    const shapes::Ball ball = shapes::ballRound(given);
+    const shared::Ball ball = shared::ballRound(given);
     const double unit = ball.radius > 0 ? ball.radius : 1;
     std::vector<Point> points = given;
     for (Point &p : points)
         for (std::size_t axis = 0; axis < 3; ++axis) p[axis] = (p[axis] - ball.centre[axis]) / unit;
 
-    const auto start = std::chrono::steady_clock::now();
-    ProgressBar bar(points.size());
-    const Neighbourhoods around =
-        neighbourhoodsOf(points, options.neighbours, [&](std::size_t done) { bar.show(done); });
-    const PrincipalAxes axes = principalAxes(around.covariances);
+    Neighbourhoods around;
+    PrincipalAxes axes;
     Pictures pictures(points, options);
-    const Surface surface =
-        surfaceOf(points, around, axes, options.outward ? Point{} : pictures.eye(), options.outward);
-    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    Surface surface;
+    const double seconds = shared::secondsOf([&] {
+        shared::ProgressBar bar(points.size(), "points");
+        around = neighbourhoodsOf(points, options.neighbours, [&](std::size_t done) { bar.show(done); });
+        axes = principalAxes(around.covariances);
+        surface = surfaceOf(points, around, axes, options.outward ? Point{} : pictures.eye(), options.outward);
+    });
 
     const auto rate = [&](double time) { return static_cast<double>(points.size()) / time / 1e6; };
     std::printf("points                  %zu, %d neighbours each\n", points.size(), options.neighbours);
@@ -298,30 +246,40 @@ int run(const Options &options) {
 } // namespace normals
 
 int main(int count, char **arguments) {
-    try {
-        using shapes::into;
-        normals::Options options;
-        shapes::readOptions(count, arguments,
-                            {{"", into(options.file)},
-                             {"--neighbours", into(options.neighbours, 3, 1000)},
-                             {"--normals", into(options.normals)},
-                             {"--curvature", into(options.curvature)},
-                             {"--ply", into(options.ply)},
-                             {"--outward", into(options.outward), true},
-                             {"--azimuth", into(options.azimuth, -360.0, 360.0)},
-                             {"--elevation", into(options.elevation, -90.0, 90.0)},
-                             {"--z-up", into(options.zUp), true},
-                             {"--width", into(options.width, 16, 8192)},
-                             {"--threads", into(options.threads, 1, 1024)},
-                             {"--make-sphere", into(options.makeSphere)},
-                             {"--check-sphere", into(options.checkSphere), true},
-                             {"--help", into(options.help), true}});
-        if (options.help) std::fputs(normals::usage, stdout);
-        else if (!options.makeSphere.empty()) normals::makeSphere(options.makeSphere);
-        else return normals::run(options);
-        return 0;
-    } catch (const std::exception &failure) {
-        std::fprintf(stderr, "point_normals: %s\n", failure.what());
-        return 2;
-    }
+    using namespace shared;
+    normals::Options o;
+    return execute(
+        {"point_normals",
+         "Finds the normal and the curvature of the surface that a point cloud was taken from, at every point.",
+         {{"[FILE]", "FILE.xyz, an ASCII FILE.ply or FILE.obj; faces are not looked at", text(o.file)},
+          {"--neighbours N", "nearest points that each point is judged by (default: 24)",
+           number(o.neighbours, 3, 1000)},
+          {"--normals FILE", "picture by normal, .png or .svg (default: normals.png; none: no picture)",
+           file(o.normals, pictures)},
+          {"--curvature FILE", "picture by mean curvature, likewise (default: curvature.png)",
+           file(o.curvature, pictures)},
+          {"--ply FILE", "writes points, normals, mean curvature and surface variation (default: none)",
+           file(o.ply, {".ply"})},
+          {"--outward",
+           "turns the normals away from the middle of the cloud, not towards the eye: right where\n"
+           "the middle would see every point",
+           flag(o.outward)},
+          {"--azimuth DEGREES", "where the eye stands round the cloud (default: 20)", number(o.azimuth, -360, 360)},
+          {"--elevation DEGREES", "and how high (default: 25)", number(o.elevation, -90, 90)},
+          {"--z-up", "the cloud's z axis is up, not its y axis", flag(o.zUp)},
+          {"--width PIXELS", "of the pictures, which are three quarters as high (default: 1280)",
+           number(o.width, 16, 8192)},
+          {"--threads N", "threads for the array calls (default: 1)", number(o.threads, 1, 1024)},
+          {"--make-sphere FILE", "writes an XYZ file of 10000 points on a sphere, and does nothing else",
+           text(o.makeSphere)},
+          {"--check-sphere", "compares with that sphere's normals and curvature", flag(o.checkSphere)}},
+         "Mean curvature is the mean of 1 / radius over all directions, above 0 where the surface bulges towards its\n"
+         "normal. Surface variation is the least of the three variances of a neighbourhood over their sum: 0 where it\n"
+         "is flat. Exits with 1 if a point has no normal (its neighbours lie on a line) or --check-sphere fails, with\n"
+         "2 on bad input.\n"},
+        count, arguments, [&] {
+            if (o.makeSphere.empty()) return normals::run(o);
+            normals::makeSphere(o.makeSphere);
+            return 0;
+        });
 }

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cmath>
 #include <limits>
 #include <numeric>
 
 #include "smx.h"
+#include "timing.hpp"
 
 namespace normals {
 namespace {
@@ -103,9 +103,7 @@ PrincipalAxes principalAxes(const std::vector<double> &covariances) {
         for (std::size_t i = 0; i < open.size(); ++i)
             treatment.apply(&covariances[open[i] * 9], trace(open[i]), &treated[i * 9]);
 
-        const auto start = std::chrono::steady_clock::now();
-        result.calls += solve(treated, vectors, values);
-        result.inLibrary += std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+        result.inLibrary += shared::secondsOf([&] { result.calls += solve(treated, vectors, values); });
 
         std::vector<std::size_t> failed;
         for (std::size_t i = 0; i < open.size(); ++i) {

@@ -11,11 +11,17 @@
 #include <numbers>
 #include <vector>
 
-#include "batch_calls.hpp"
+#include "calls.hpp"
 #include "path.hpp"
 #include "puma.hpp"
+#include "timing.hpp"
 
 namespace robot {
+
+using shared::Common;
+using shared::Matrices;
+
+inline constexpr int joints = 6;
 
 struct Tolerance {
     double position, angle; // metres, radians
@@ -31,14 +37,19 @@ struct Singularities {
     int damped = 0;    // solved with damping
 };
 
-template <class T, template <class> class Calls>
+// What the library was asked to do, and how long it took.
+struct Work {
+    double seconds = 0, objects = 0;
+};
+
+// With one call of the library for all poses, or with one for each.
+template <class T, bool together>
 class InverseKinematics {
 public:
     explicit InverseKinematics(const std::vector<Pose> &path)
-        : angles(path.size() * joints), positionError(path.size()),
-          angleError(path.size()), calls{static_cast<int>(path.size())}, size(path.size()), wanted(size * 16),
-          link(size * 16), frame(size * 16), nextFrame(size * 16), between(size * 9), jacobian(size * 36),
-          factors(size * 36), error(size * joints), step(size * joints), pivots(size * joints) {
+        : angles(path.size() * joints), positionError(path.size()), angleError(path.size()), size(path.size()),
+          wanted(size * 16), link(size * 16), frame(size * 16), nextFrame(size * 16), between(size * 9),
+          jacobian(size * 36), factors(size * 36), error(size * joints), step(size * joints), pivots(size * joints) {
         for (std::size_t n = 0; n < size; ++n) std::copy(path[n].begin(), path[n].end(), wanted.begin() + at(n, 16));
     }
 
@@ -48,20 +59,25 @@ public:
     }
 
     // Steps until every pose is reached or the steps are used up; returns how many are. Calls progress(step, solved).
-    int solve(int maxSteps, const std::function<void(int, int)> &progress) {
+    std::size_t solve(int maxSteps, const std::function<void(int, std::size_t)> &progress) {
         for (int taken = 0;; ++taken) {
             transforms();
-            const int solved = errors();
+            const std::size_t solved = errors();
             progress(taken, solved);
-            if (taken == maxSteps || solved == calls.count) return solved;
+            if (taken == maxSteps || solved == size) return solved;
             factorJacobians();
-            calls.solve(array(factors, 36, 6), pivots.data(), error.data(), step.data());
+            const Matrices<T> lu = array(factors, 6);
+            const shared::Vectors<T> right{error.data(), joints, joints}, solution{step.data(), joints, joints};
+            const int *const order = pivots.data();
+            forAll([=](const auto &calls, std::size_t n) {
+                calls.solveLU(lu.from(n), order + n * joints, right.from(n), solution.from(n));
+            });
             move();
         }
     }
 
     // The errors of the present angles.
-    int evaluate() {
+    std::size_t evaluate() {
         transforms();
         return errors();
     }
@@ -70,11 +86,10 @@ public:
         return positionError[n] <= tolerance<T>.position && angleError[n] <= tolerance<T>.angle;
     }
 
-    const Work &work() const { return calls.work; }
-
     std::vector<T> angles;
     std::vector<double> positionError, angleError;
     Singularities singularities;
+    Work work;
 
 private:
     static constexpr T largestStep = T(0.4); // radians, of the joint that moves most
@@ -83,7 +98,18 @@ private:
     static constexpr T smallestPivotRatio = T(1e-4);
 
     static std::ptrdiff_t at(std::size_t n, int pitch) { return static_cast<std::ptrdiff_t>(n) * pitch; }
-    static Matrices<T> array(std::vector<T> &v, int pitch, int row) { return {v.data(), pitch, row}; }
+    // Square matrices; of transforms perhaps the upper left corners.
+    static Matrices<T> array(std::vector<T> &v, int row) { return {v.data(), row * row, row, row, row}; }
+    static Matrices<T> corners(std::vector<T> &v) { return {v.data(), 16, 4, 3, 3}; }
+
+    template <class Do>
+    void forAll(const Do &what) {
+        work.objects += static_cast<double>(size);
+        work.seconds += shared::secondsOf([&] { shared::forAll<T, together>(size, what); });
+    }
+    void multiply(auto a, auto b, Matrices<T> dst) {
+        forAll([=](const auto &calls, std::size_t n) { calls.multiply(a.from(n), b.from(n), dst.from(n)); });
+    }
 
     // Forward kinematics, link by link for all poses. On the way the columns of J take the origin and the z axis of the
     // frame in which each joint turns; the end makes the columns of them.
@@ -96,11 +122,11 @@ private:
                               &link[n * 16]);
                 noteAxis(j == 0 ? base.data() : &frame[n * 16], &jacobian[n * 36] + j);
             }
-            calls.multiply(j == 0 ? Matrices<T>{base.data(), 0, 4} : array(frame, 16, 4), array(link, 16, 4),
-                           array(nextFrame, 16, 4), 4);
+            if (j == 0) multiply(Common<T>{base.data(), 4, 4, 4}, array(link, 4), array(nextFrame, 4));
+            else multiply(array(frame, 4), array(link, 4), array(nextFrame, 4));
             frame.swap(nextFrame);
         }
-        calls.multiply(array(frame, 16, 4), {pen.data(), 0, 4}, array(nextFrame, 16, 4), 4);
+        multiply(array(frame, 4), Common<T>{pen.data(), 4, 4, 4}, array(nextFrame, 4));
         frame.swap(nextFrame);
         for (std::size_t n = 0; n < size; ++n)
             for (int j = 0; j < joints; ++j) finishColumn(&frame[n * 16], &jacobian[n * 36] + j);
@@ -123,9 +149,10 @@ private:
     }
 
     // The rotation from here to there is R_wanted R', the upper left 3 by 3 blocks of the transforms.
-    int errors() {
-        calls.multiplyTransposed(array(wanted, 16, 4), array(frame, 16, 4), array(between, 9, 3), 3);
-        int done = 0;
+    std::size_t errors() {
+        const Matrices<T> to = corners(wanted), from = corners(frame), turn = array(between, 3);
+        forAll([=](const auto &calls, std::size_t n) { calls.multiplyByT(to.from(n), from.from(n), turn.from(n)); });
+        std::size_t done = 0;
         for (std::size_t n = 0; n < size; ++n) {
             T *const e = &error[n * joints];
             const T *const w = &wanted[n * 16], *const f = &frame[n * 16], *const r = &between[n * 9];
@@ -142,14 +169,23 @@ private:
         return done;
     }
 
+    // The status of an array call says only that some matrix was refused, and each thread stops at the first one of its
+    // share. Then each matrix is asked for its own status, which also factors those that were left behind.
     void factorJacobians() {
-        calls.factor(array(jacobian, 36, 6), pivots.data(), array(factors, 36, 6), refused);
+        refused.assign(size, 0);
+        forAll([&](const auto &calls, std::size_t n) {
+            const SmxStatus status =
+                calls.factorLU(array(jacobian, 6).from(n), &pivots[n * joints], array(factors, 6).from(n));
+            if (!together) refused[n] = status != smxStsNoErr;
+            else if (status != smxStsNoErr)
+                for (std::size_t i = 0; i < size; ++i) refused[i] = !factorOne(array(jacobian, 6).from(i), i);
+        });
         for (std::size_t n = 0; n < size; ++n) {
             if (solved(n) && !refused[n]) continue;
             bool good = !refused[n];
             if (refused[n]) {
                 ++singularities.refused;
-                good = factorInPivotOrder(&jacobian[n * 36], n);
+                good = factorInPivotOrder(array(jacobian, 6).from(n), n);
                 singularities.reordered += good;
             }
             if (!good || nearlySingular(n)) damp(n);
@@ -160,22 +196,20 @@ private:
     // those of the start posture, where joint 6 shifts nothing along z and the corner element stays zero (in float; in
     // double a rounding error may save it). Its pivotIndex is complete then, and with the rows stored in that order the
     // same matrix passes. Exchanges the rows of a and of the right-hand side.
-    bool factorInPivotOrder(T *a, std::size_t n) {
+    bool factorInPivotOrder(Matrices<T> a, std::size_t n) {
         T rows[36], right[joints];
         int *const pivot = &pivots[n * joints];
         for (int i = 0; i < joints; ++i) {
-            std::copy_n(a + pivot[i] * 6, 6, rows + i * 6);
+            std::copy_n(a.base + pivot[i] * 6, 6, rows + i * 6);
             right[i] = error[n * joints + static_cast<std::size_t>(pivot[i])];
         }
-        std::copy_n(rows, 36, a);
+        std::copy_n(rows, 36, a.base);
         std::copy_n(right, joints, &error[n * joints]);
         return factorOne(a, n);
     }
 
-    bool factorOne(const T *a, std::size_t n) {
-        constexpr int row = 6 * sizeof(T);
-        return LUDecomp_m(T(), a, row, int(sizeof(T)), &pivots[n * joints], &factors[n * 36], row, int(sizeof(T)),
-                          joints) == smxStsNoErr;
+    bool factorOne(Matrices<T> a, std::size_t n) {
+        return single.factorLU(a, &pivots[n * joints], array(factors, 6).from(n)) == smxStsNoErr;
     }
 
     // Nor does that test see a last pivot of zero in another row, so all of them are looked at here.
@@ -192,18 +226,17 @@ private:
     // Puts the damped system in the place of J and e. Should even that be refused, the joints are nudged.
     void damp(std::size_t n) {
         ++singularities.damped;
-        constexpr int element = sizeof(T), row = 6 * element;
-        const T *const j = &jacobian[n * 36];
-        T *const e = &error[n * joints];
+        const Matrices<T> j = array(jacobian, 6).from(n), e{&error[n * joints], 0, 1, 1, joints};
         T normal[36], right[joints];
-        Mul_tm(T(), j, row, element, 6, 6, j, row, element, 6, 6, normal, row, element);
-        Mul_tm(T(), j, row, element, 6, 6, static_cast<const T *>(e), element, element, 1, 6, right, element, element);
+        const Matrices<T> damped{normal, 0, 6, 6, 6};
+        single.multiplyT(j, j, damped);
+        single.multiplyT(j, e, {right, 0, 1, 1, joints});
         for (int i = 0; i < joints; ++i) normal[i * 7] += lambda * lambda;
-        std::copy_n(right, joints, e);
-        if (factorOne(normal, n) || factorInPivotOrder(normal, n)) return;
+        std::copy_n(right, joints, e.base);
+        if (factorOne(damped, n) || factorInPivotOrder(damped, n)) return;
         for (int i = 0; i < 36; ++i) normal[i] = i % 7 == 0;
-        std::fill_n(e, joints, T(0.01));
-        factorOne(normal, n);
+        std::fill_n(e.base, joints, T(0.01));
+        factorOne(damped, n);
     }
 
     void move() {
@@ -217,7 +250,7 @@ private:
         }
     }
 
-    Calls<T> calls;
+    static constexpr shared::Calls<T, false> single{};
     std::size_t size;
     std::vector<T> wanted, link, frame, nextFrame, between; // transforms; the rotation from frame to wanted
     std::vector<T> jacobian, factors, error, step;

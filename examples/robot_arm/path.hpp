@@ -10,8 +10,7 @@ namespace robot {
 // A homogeneous transform, rows of 4, metres: the frame of the pen's tip, its z axis along the pen, into the surface.
 using Pose = std::array<double, 16>;
 
-// Columns x_mm, y_mm, z_mm, roll_deg, pitch_deg, yaw_deg: the rotation is Rot_z(yaw) Rot_y(pitch) Rot_x(roll). A first
-// line that begins with a letter is a heading; empty lines and lines that begin with # are skipped. Throws
+// Columns x_mm, y_mm, z_mm, roll_deg, pitch_deg, yaw_deg: the rotation is Rot_z(yaw) Rot_y(pitch) Rot_x(roll). Throws
 // std::runtime_error with one line that names the file and the line.
 std::vector<Pose> readPath(const std::string &file);
 

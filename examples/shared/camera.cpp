@@ -1,8 +1,9 @@
 #include "camera.hpp"
 
+#include <limits>
 #include <numbers>
 
-namespace shapes {
+namespace shared {
 
 Camera::Camera(double azimuth, double elevation, bool zUp) {
     const double degree = std::numbers::pi / 180;
@@ -29,8 +30,17 @@ std::array<float, 16> Camera::projection() const {
     return m;
 }
 
-void Camera::fit(float left, float top, float right, float bottom, int columns, int rows) {
+void Camera::fit(std::size_t count, const std::function<Vec(std::size_t)> &seen, float radius, int columns, int rows) {
     constexpr float margin = 0.06F;
+    float left = std::numeric_limits<float>::max(), top = left, right = -left, bottom = -left;
+    for (std::size_t n = 0; n < count; ++n) {
+        const Vec v = seen(n);
+        const float size = radius * lens * v.z;
+        left = std::min(left, v.x - size);
+        right = std::max(right, v.x + size);
+        top = std::min(top, v.y - size);
+        bottom = std::max(bottom, v.y + size);
+    }
     const auto room = [](int samples) { return (1 - 2 * margin) * static_cast<float>(samples); };
     const float zoom =
         std::min(room(columns) / std::max(right - left, 1e-6F), room(rows) / std::max(bottom - top, 1e-6F));
@@ -39,4 +49,4 @@ void Camera::fit(float left, float top, float right, float bottom, int columns, 
     row = static_cast<float>(rows) / 2 + zoom * (row - (top + bottom) / 2);
 }
 
-} // namespace shapes
+} // namespace shared

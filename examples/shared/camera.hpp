@@ -2,10 +2,11 @@
 #pragma once
 
 #include <array>
+#include <functional>
 
 #include "vec.hpp"
 
-namespace shapes {
+namespace shared {
 
 // Looks at the origin from outside of the unit ball. Camera coordinates: x to the right, y up, z towards the eye.
 struct Camera {
@@ -15,14 +16,14 @@ struct Camera {
     float lens = 1;              // samples that one unit at distance 1 covers
     float column = 0, row = 0;   // where the origin is seen
 
-    // Degrees; the model's up is its y or its z axis. At azimuth and elevation 0 the eye stands on the next axis: z or x.
+    // Degrees; the model's up is its y or its z axis. At azimuth and elevation 0 the eye stands on the next axis, z or x.
     Camera(double azimuth, double elevation, bool zUp);
 
     // Perspective and viewport in one, rows of 4: gives column, row and 1 / distance, which is linear on the screen.
     std::array<float, 16> projection() const;
 
-    // Moves the lens so that the frame that `projection` has given, first column to last row, fits the canvas.
-    void fit(float left, float top, float right, float bottom, int columns, int rows);
+    // Moves the lens so that balls of the given radius fit the canvas, whose centres `projection` puts at seen(n).
+    void fit(std::size_t count, const std::function<Vec(std::size_t n)> &seen, float radius, int columns, int rows);
 
     // The camera coordinates of what `projection` gave.
     Vec position(float atColumn, float atRow, float nearness) const {
@@ -30,4 +31,4 @@ struct Camera {
     }
 };
 
-} // namespace shapes
+} // namespace shared

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "camera.hpp"
-#include "vec.hpp"
+#include "grid.hpp"
 
-namespace shapes {
+namespace shared {
 
 class Canvas {
 public:
@@ -33,8 +33,8 @@ public:
     // The lamp casts long shades that show the relief; in an even light paints can be compared.
     enum class Light { lamp, even };
 
-    // Throws std::runtime_error if the file cannot be written.
-    void writePng(const std::string &file, const Camera &camera, Light light, const std::string &caption) const;
+    // FILE.png or FILE.svg. Throws std::runtime_error if it cannot be written.
+    void write(const std::string &file, const Camera &camera, Light light, const std::string &caption) const;
 
 private:
     struct Sample {
@@ -44,12 +44,11 @@ private:
         Vec normal, paint;
     };
 
-    template <class Visit>
-    void overBox(float left, float top, float right, float bottom, const Visit &visit);
     float openness(int column, int row, const Sample &sample, const Camera &camera) const;
 
     int wide, high; // pixels
+    Grid grid;
     std::vector<Sample> buffer;
 };
 
-} // namespace shapes
+} // namespace shared

@@ -1,15 +1,14 @@
 #include "mesh_file.hpp"
 
 #include <algorithm>
-#include <cctype>
 #include <charconv>
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <stdexcept>
 #include <string_view>
 
-namespace shapes {
+#include "program.hpp"
+
+namespace shared {
 namespace {
 
 std::string quoted(std::string_view text) {
@@ -22,23 +21,18 @@ std::string quoted(std::string_view text) {
 // The lines of a file, and the words of the present one. OBJ carries a line on behind a backslash.
 class Reader {
 public:
-    Reader(const std::string &file, bool backslashes) : name(file), in(file), joins(backslashes) {
-        if (!in || std::filesystem::is_directory(file)) throw std::runtime_error("cannot read " + file);
-    }
+    Reader(const std::string &file, bool backslashes) : name(file), in(file), joins(backslashes) {}
 
     bool nextLine() {
         text.clear();
         std::string part;
         bool any = false, more = true;
-        while (more && std::getline(in, part)) {
+        while (more && in.next(part)) {
             any = true;
-            ++line;
-            if (!part.empty() && part.back() == '\r') part.pop_back();
-            more = joins && !part.empty() && part.back() == '\\';
+            more = joins && part.ends_with('\\');
             if (more) part.back() = ' ';
             text += part;
         }
-        if (in.bad()) throw std::runtime_error("cannot read " + name);
         rest = text;
         return any;
     }
@@ -87,16 +81,13 @@ public:
     [[noreturn]] void notA(const std::string &kind, std::string_view found) const {
         fail(found.empty() ? "a " + kind + " is missing" : quoted(found) + " is not a " + kind);
     }
-    [[noreturn]] void fail(const std::string &what) const { fail(what, line); }
-    [[noreturn]] void fail(const std::string &what, int at) const {
-        throw std::runtime_error(name + ":" + std::to_string(at) + ": " + what);
-    }
-
-    int line = 0;
+    [[noreturn]] void fail(const std::string &what) const { fail(what, line()); }
+    [[noreturn]] void fail(const std::string &what, int at) const { throw badLine(name, at, what); }
+    int line() const { return in.line; }
 
 private:
     const std::string name;
-    std::ifstream in;
+    Lines in;
     const bool joins;
     std::string text;
     std::string_view rest;
@@ -110,7 +101,7 @@ public:
         if (corners.size() < 3) reader.fail("a face needs 3 corners");
         for (std::size_t i = 2; i < corners.size(); ++i) {
             triangles.push_back({corners[0], corners[i - 1], corners[i]});
-            lines.push_back(reader.line);
+            lines.push_back(reader.line());
         }
     }
 
@@ -275,8 +266,7 @@ Shape readXyz(const std::string &file) {
 } // namespace
 
 Shape readShape(const std::string &file) {
-    std::string ending = std::filesystem::path(file).extension().string();
-    std::ranges::transform(ending, ending.begin(), [](unsigned char c) { return std::tolower(c); });
+    const std::string ending = endingOf(file);
     Shape shape;
     if (ending == ".obj") shape = readObj(file);
     else if (ending == ".ply") shape = readPly(file);
@@ -302,4 +292,4 @@ Ball ballRound(const std::vector<Point> &points) {
     return ball;
 }
 
-} // namespace shapes
+} // namespace shared

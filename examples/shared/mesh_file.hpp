@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace shapes {
+namespace shared {
 
 using Point = std::array<double, 3>;
 
@@ -26,4 +26,4 @@ struct Ball {
 };
 Ball ballRound(const std::vector<Point> &points);
 
-} // namespace shapes
+} // namespace shared

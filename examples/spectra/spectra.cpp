@@ -2,29 +2,15 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <exception>
 #include <limits>
 
 #include "matrices.hpp"
-#include "options.hpp"
 #include "plot.hpp"
+#include "program.hpp"
 #include "smx.h"
 
 namespace spectra {
 namespace {
-
-constexpr const char *usage =
-    R"(Usage: spectra [--picture FILE]
-Computes the eigenvalues of matrices by Rosser, Wilkinson, Frank and Grcar and of two companion matrices, compares them
-with their known values, and plots both in the complex plane.
-
-  --picture FILE     where to draw, FILE.png or FILE.svg (default: spectra.png; none: no picture)
-  --help
-
-A value of a matrix A of side n may differ by 4 n eps |A| times its condition, |A| the Frobenius norm: what the rounding
-of n steps with orthogonal matrices may do to it, in the first order. Symmetric matrices have condition 1.
-Exits with 1 if a value differs by more, or a vector has a residual of more than 30 n eps |A|.
-)";
 
 constexpr double eps = std::numeric_limits<double>::epsilon();
 constexpr int element = sizeof(double);
@@ -249,16 +235,17 @@ int run(const std::string &picture) {
 } // namespace spectra
 
 int main(int count, char **arguments) {
-    try {
-        std::string picture = "spectra.png";
-        bool help = false;
-        shapes::readOptions(count, arguments,
-                            {{"--picture", shapes::into(picture)}, {"--help", shapes::into(help), true}});
-        if (!help) return spectra::run(picture);
-        std::fputs(spectra::usage, stdout);
-        return 0;
-    } catch (const std::exception &failure) {
-        std::fprintf(stderr, "spectra: %s\n", failure.what());
-        return 2;
-    }
+    using namespace shared;
+    std::string picture = "spectra.png";
+    return execute(
+        {"spectra",
+         "Computes the eigenvalues of matrices by Rosser, Wilkinson, Frank and Grcar and of two companion matrices,\n"
+         "compares them with their known values, and plots both in the complex plane.",
+         {{"--picture FILE", "where to draw, .png or .svg (default: spectra.png; none: no picture)",
+           file(picture, pictures)}},
+         "A value of a matrix A of side n may differ by 4 n eps |A| times its condition, |A| the Frobenius norm: what\n"
+         "the rounding of n steps with orthogonal matrices may do to it, in the first order. Symmetric matrices have\n"
+         "condition 1. Exits with 1 if a value differs by more, or a vector has a residual of more than 30 n eps |A|,\n"
+         "with 2 on bad input.\n"},
+        count, arguments, [&] { return spectra::run(picture); });
 }

@@ -7,11 +7,16 @@
 
 #include <array>
 #include <cstddef>
+#include <stdexcept>
 #include <vector>
 
 #include "calls.hpp"
 
 namespace tracks {
+
+using shared::Common;
+using shared::Matrices;
+using shared::Vectors;
 
 using Axes = std::array<double, 3>; // x, y, z
 
@@ -34,9 +39,8 @@ public:
 
     // All tracks start at their first measurement with an unknown velocity.
     void start(const Axes &speedDeviation) {
-        const ArrayCalls<T> calls{static_cast<int>(size)};
         const Matrices<T> corner = matrices(P, states, measured, measured), b = matrices(B, measured);
-        calls.multiplyTransposed(b, b, corner);
+        shared::Calls<T, true>{static_cast<int>(size)}.multiplyByT(b, b, corner);
         for (std::size_t n = 0; n < size; ++n)
             for (std::size_t i = 0; i < 3; ++i) {
                 x[n * 6 + i] = z[n * 3 + i];
@@ -57,9 +61,9 @@ public:
     }
 
     // Prediction and update of all tracks, with one call for all of them, or one for each.
-    void stepTogether() { step(0, ArrayCalls<T>{static_cast<int>(size)}); }
-    void stepEach() {
-        for (std::size_t n = 0; n < size; ++n) step(n, SingleCalls<T>());
+    template <bool together>
+    void step() {
+        shared::forAll<T, together>(size, [&](const auto &calls, std::size_t n) { stepFrom(n, calls); });
     }
 
     std::size_t size;
@@ -77,12 +81,17 @@ private:
     static Matrices<T> matrices(std::vector<T> &of, int side) { return matrices(of, side, side, side); }
     static Vectors<T> vectors(std::vector<T> &of, int pitch, int length) { return {of.data(), pitch, length}; }
 
+    static void require(SmxStatus status) {
+        if (status != smxStsNoErr)
+            throw std::runtime_error("the covariance of a track is not positive definite any more");
+    }
+
     // The matrix H that takes the measured part of a state is never multiplied by: strides select that part. The
     // covariance is updated in Joseph's form, (I - K H) P (I - K H)t + K B (K B)t: rounding makes P lopsided, and the
     // shorter P - K H P lets that grow from scan to scan until P is no covariance any more.
     template <class Calls>
-    void step(std::size_t n, const Calls &calls) {
-        const Shared<T> f{F.data(), 6, 6, 6}, q{Q.data(), 6, 6, 6};
+    void stepFrom(std::size_t n, const Calls &calls) {
+        const Common<T> f{F.data(), 6, 6, 6}, q{Q.data(), 6, 6, 6};
         const Matrices<T> p = matrices(P, 6).from(n), ahead = matrices(predictedP, 6).from(n);
         const Matrices<T> work = matrices(FP, 6).from(n);
         const Matrices<T> aheadColumns = matrices(predictedP, 6, 3, 6).from(n);
@@ -98,25 +107,25 @@ private:
 
         calls.multiply(f, state, next);
         calls.multiply(f, p, work);
-        calls.multiplyTransposed(work, f, ahead);
+        calls.multiplyByT(work, f, ahead);
         calls.add(ahead, q, ahead); // F P Ft + Q
 
         calls.subtract(measurement, nextPosition, innovation);
-        calls.multiplyTransposed(b, b, s);
+        calls.multiplyByT(b, b, s);
         calls.add(aheadCorner, s, s); // the innovation's covariance
-        calls.factor(s, l);
-        calls.solve(l, innovation, weighted); // inv(S) y
+        require(calls.factorCholesky(s, l));
+        calls.solveCholesky(l, innovation, weighted); // inv(S) y
         calls.dot(innovation, weighted, &nis[n]);
         calls.multiply(aheadColumns, weighted, correction);
         calls.add(next, correction, state);
 
-        calls.invert(s, buffer.data(), inverse);
+        require(calls.invert(s, buffer.data(), inverse));
         calls.multiply(aheadColumns, inverse, gain);
-        calls.subtract(Shared<T>{I.data(), 3, 3, 6}, gain, restColumns);
+        calls.subtract(Common<T>{I.data(), 3, 3, 6}, gain, restColumns);
         calls.multiply(rest, ahead, work);
-        calls.multiplyTransposed(work, rest, p);
+        calls.multiplyByT(work, rest, p);
         calls.multiply(gain, b, gainB);
-        calls.multiplyTransposed(gainB, gainB, work);
+        calls.multiplyByT(gainB, gainB, work);
         calls.add(p, work, p);
     }
 

@@ -5,6 +5,7 @@
 #include <numbers>
 #include <stdexcept>
 
+#include "program.hpp"
 #include "table.hpp"
 
 namespace tracks {
@@ -62,12 +63,10 @@ Echo Radar::disturbed(const Echo &echo, std::uint64_t seed) const {
 }
 
 Recording readRecording(const std::string &file) {
-    const table::Table data = table::read(file);
-    if (data.columns() != 5 && data.columns() != 8)
-        throw table::badLine(file, data.lines[0], "a row has 5 or 8 columns, not " + std::to_string(data.columns()));
+    const shared::Table data = shared::readTable(file, {5, 8});
     Recording recording;
     const auto shortTrack = [&](std::size_t row) {
-        return table::badLine(file, data.lines[row], "a track ends after another number of scans than the first one");
+        return data.badRow(row, "a track ends after another number of scans than the first one");
     };
     std::size_t scan = 0;
     for (std::size_t row = 0; row < data.rows(); ++row) {
@@ -78,13 +77,12 @@ Recording readRecording(const std::string &file) {
         }
         const double time = data.at(row, 1), range = data.at(row, 2);
         if (recording.trajectories == 1) {
-            if (scan > 0 && time <= recording.times.back())
-                throw table::badLine(file, data.lines[row], "the time does not rise");
+            if (scan > 0 && time <= recording.times.back()) throw data.badRow(row, "the time does not rise");
             recording.times.push_back(time);
         } else if (scan == recording.scans()) throw shortTrack(row);
         else if (time != recording.times[scan])
-            throw table::badLine(file, data.lines[row], "the time is not that of the first track's scan");
-        if (range <= 0) throw table::badLine(file, data.lines[row], "the range is not positive");
+            throw data.badRow(row, "the time is not that of the first track's scan");
+        if (range <= 0) throw data.badRow(row, "the range is not positive");
         recording.echoes.push_back({range, data.at(row, 3) * degree, data.at(row, 4) * degree});
         if (data.columns() == 8) recording.truth.push_back({data.at(row, 5), data.at(row, 6), data.at(row, 7)});
         ++scan;
@@ -97,8 +95,7 @@ Recording readRecording(const std::string &file) {
 void makeRecording(const std::string &file, const Radar &radar, const Point &acceleration) {
     constexpr int trajectories = 100, scans = 150;
     constexpr double seconds = 4; // a turn of the antenna
-    std::FILE *out = std::fopen(file.c_str(), "w");
-    if (!out) throw std::runtime_error("cannot write " + file);
+    shared::OutFile out(file);
     std::fputs("track,time_s,range_m,azimuth_deg,elevation_deg,true_x_m,true_y_m,true_z_m\n", out);
     for (int track = 1; track <= trajectories; ++track) {
         Random random(static_cast<std::uint64_t>(track));
@@ -118,7 +115,7 @@ void makeRecording(const std::string &file, const Radar &radar, const Point &acc
             }
         }
     }
-    if (std::fclose(out) != 0) throw std::runtime_error("cannot write " + file);
+    out.close();
 }
 
 } // namespace tracks

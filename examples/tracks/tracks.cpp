@@ -1,106 +1,24 @@
 // Multi-target tracking: a Kalman filter over thousands of six-state tracks at once.
 #include <algorithm>
-#include <charconv>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
-#include <exception>
 #include <string>
-#include <string_view>
-
-#include <unistd.h>
 
 #include "filter.hpp"
-#include "picture.hpp"
+#include "map.hpp"
+#include "program.hpp"
 #include "radar.hpp"
 #include "smkcore.h"
+#include "timing.hpp"
 
 namespace tracks {
 namespace {
-
-constexpr const char *usage =
-    R"(Usage: tracks [options] [RECORDING.csv]
-Estimates the positions and velocities of aircraft from what a radar measured, all tracks at once.
-
-  RECORDING.csv      columns track,time_s,range_m,azimuth_deg,elevation_deg and, if known, true_x_m,true_y_m,true_z_m;
-                     all tracks seen at the same times (default: radar.csv)
-  --tracks N         tracks to follow (default: 10000). Those beyond the file's repeat its trajectories with errors of
-                     the radar's size added, so that their measurements have twice the variance
-  --range-sigma M    the radar's standard deviations: metres (default: 50)
-  --angle-sigma DEG  and degrees (default: 0.3)
-  --threads N        threads for the array calls (default: 1)
-  --type TYPE        double or float (default: double)
-  --picture FILE     where to draw the tracks of the file (default: tracks.png; none: no picture)
-  --repeats N        runs of the timing (default: 3; 0: none)
-  --make FILE        write the recording that comes with the program, and do nothing else
-  --help
-
-Exits with 1 if the filter is not consistent (the mean of the normalised innovations squared is off its expectation 3 by
-more than 5 %) or the two ways of calling differ, with 2 on bad input.
-)";
 
 struct Options {
     std::string file = "radar.csv", picture = "tracks.png", type = "double", make;
     int tracks = 10000, threads = 1, repeats = 3;
     Radar radar;
-    bool help = false;
-};
-
-template <class Number>
-Number number(std::string_view option, std::string_view text, Number least) {
-    Number value{};
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size() || !(value >= least) || value > Number(1e9))
-        throw std::runtime_error(std::string(option) + " does not take \"" + std::string(text) + "\"");
-    return value;
-}
-
-Options readOptions(int count, char **arguments) {
-    Options options;
-    bool haveFile = false;
-    for (int i = 1; i < count; ++i) {
-        const std::string_view option = arguments[i];
-        const auto value = [&]() -> std::string_view {
-            if (++i == count) throw std::runtime_error(std::string(option) + " needs a value");
-            return arguments[i];
-        };
-        if (option == "--help") options.help = true;
-        else if (option == "--tracks") options.tracks = number(option, value(), 1);
-        else if (option == "--range-sigma") options.radar.rangeDeviation = number(option, value(), 1e-3);
-        else if (option == "--angle-sigma") options.radar.angleDeviation = number(option, value(), 1e-6);
-        else if (option == "--threads") options.threads = number(option, value(), 1);
-        else if (option == "--repeats") options.repeats = number(option, value(), 0);
-        else if (option == "--picture") options.picture = value();
-        else if (option == "--make") options.make = value();
-        else if (option == "--type") options.type = value();
-        else if (option.starts_with("-") || haveFile)
-            throw std::runtime_error("what is \"" + std::string(option) + "\"? See --help");
-        else {
-            options.file = option;
-            haveFile = true;
-        }
-    }
-    if (options.type != "double" && options.type != "float")
-        throw std::runtime_error("--type is double or float, not \"" + options.type + "\"");
-    return options;
-}
-
-class ProgressBar {
-public:
-    explicit ProgressBar(std::size_t scans) : total(scans) {}
-    void show(std::size_t scan) const {
-        constexpr std::size_t width = 40;
-        if (!terminal && scan != total) return;
-        const std::size_t filled = scan * width / total;
-        std::printf("%sscan %3zu of %zu [%s%s]%s", terminal ? "\r" : "", scan, total, std::string(filled, '#').c_str(),
-                    std::string(width - filled, '.').c_str(), scan == total ? "\n" : "");
-        std::fflush(stdout);
-    }
-
-private:
-    std::size_t total;
-    bool terminal = isatty(STDOUT_FILENO) == 1;
 };
 
 // What the filter assumes of the aircraft, and the recording was made with: m/s2 and m/s, standard deviations.
@@ -130,20 +48,17 @@ void measure(Filter<T> &filter, const Recording &recording, const Radar &radar, 
 template <class T, class Step, class Report>
 double follow(Filter<T> &filter, const Recording &recording, const Radar &radar, const Step &step,
               const Report &report) {
-    using Clock = std::chrono::steady_clock;
-    Clock::duration taken{};
+    double seconds = 0;
     for (std::size_t scan = 0; scan < recording.scans(); ++scan) {
         measure(filter, recording, radar, scan);
         if (scan == 0) filter.start(speed);
         else {
             filter.move(recording.times[scan] - recording.times[scan - 1], acceleration);
-            const auto begin = Clock::now();
-            step(filter);
-            taken += Clock::now() - begin;
+            seconds += shared::secondsOf([&] { step(filter); });
         }
         report(scan);
     }
-    return std::chrono::duration<double>(taken).count();
+    return seconds;
 }
 
 // Sums over all tracks and scans, and the history of the tracks that are drawn.
@@ -200,36 +115,26 @@ struct Judge {
     double mean(double sum) const { return sum / static_cast<double>(updates); }
 };
 
-double median(std::vector<double> values) {
-    std::nth_element(values.begin(), values.begin() + static_cast<long>(values.size() / 2), values.end());
-    return values[values.size() / 2];
-}
-
 template <class T>
 bool same(const std::vector<T> &a, const std::vector<T> &b) {
     return std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0;
 }
 
-// Both ways in turn; the medians of the runs. Returns whether both gave the same estimates, bit for bit.
+// Returns whether both ways of calling gave the same estimates, bit for bit.
 template <class T>
 bool compare(const Recording &recording, const Options &options, const Filter<T> &expected) {
-    std::vector<double> seconds[2];
     bool equal = true;
-    const auto run = [&](std::size_t way, const auto &step) {
+    const auto medians = shared::mediansInTurn(options.repeats, [&](std::size_t way) {
         Filter<T> filter(expected.size);
-        seconds[way].push_back(follow(filter, recording, options.radar, step, [](std::size_t) {}));
+        const auto step = [way](Filter<T> &all) { way == 0 ? all.template step<true>() : all.template step<false>(); };
+        const double seconds = follow(filter, recording, options.radar, step, [](std::size_t) {});
         equal = equal && same(filter.x, expected.x) && same(filter.P, expected.P) && same(filter.nis, expected.nis);
-    };
-    for (int i = 0; i < options.repeats; ++i) {
-        run(0, [](Filter<T> &filter) { filter.stepTogether(); });
-        run(1, [](Filter<T> &filter) { filter.stepEach(); });
-    }
-    const double updates = static_cast<double>(expected.size * (recording.scans() - 1));
+        return std::array{static_cast<double>(expected.size * (recording.scans() - 1)) / seconds};
+    });
     std::printf("\nmedians of %d runs       track updates\n", options.repeats);
-    const char *const names[2] = {"one call for all", "one call per track"};
-    for (std::size_t way = 0; way < 2; ++way)
-        std::printf("  %-19s %8.3f M/s\n", names[way], updates / median(seconds[way]) / 1e6);
-    std::printf("  ratio               %8.2f\n", median(seconds[1]) / median(seconds[0]));
+    std::printf("  one call for all    %8.3f M/s\n", medians[0][0] / 1e6);
+    std::printf("  one call per track  %8.3f M/s\n", medians[1][0] / 1e6);
+    std::printf("  ratio               %8.2f\n", medians[0][0] / medians[1][0]);
     std::printf("  same estimates to the last bit: %s\n", equal ? "yes" : "NO");
     return equal;
 }
@@ -244,13 +149,15 @@ int run(const Options &options) {
 
     Filter<T> filter(static_cast<std::size_t>(options.tracks));
     Judge judge(recording, filter.size);
-    const ProgressBar bar(recording.scans());
-    follow(
-        filter, recording, options.radar, [](Filter<T> &all) { all.stepTogether(); },
-        [&](std::size_t scan) {
-            judge.look(filter, recording, options.radar, scan);
-            bar.show(scan + 1);
-        });
+    {
+        shared::ProgressBar bar(recording.scans(), "scans");
+        follow(
+            filter, recording, options.radar, [](Filter<T> &all) { all.template step<true>(); },
+            [&](std::size_t scan) {
+                judge.look(filter, recording, options.radar, scan);
+                bar.show(scan + 1);
+            });
+    }
 
     const double nis = judge.mean(judge.nis);
     char accuracy[128] = "the truth is not known";
@@ -276,14 +183,33 @@ int run(const Options &options) {
 } // namespace tracks
 
 int main(int count, char **arguments) {
-    try {
-        const tracks::Options options = tracks::readOptions(count, arguments);
-        if (options.help) std::fputs(tracks::usage, stdout);
-        else if (!options.make.empty()) tracks::makeRecording(options.make, options.radar, tracks::acceleration);
-        else return options.type == "float" ? tracks::run<float>(options) : tracks::run<double>(options);
-        return 0;
-    } catch (const std::exception &failure) {
-        std::fprintf(stderr, "tracks: %s\n", failure.what());
-        return 2;
-    }
+    using namespace shared;
+    tracks::Options o;
+    return execute(
+        {"tracks",
+         "Estimates the positions and velocities of aircraft from what a radar measured, all tracks at once.",
+         {{"[RECORDING.csv]",
+           "columns track,time_s,range_m,azimuth_deg,elevation_deg and, if known,\n"
+           "true_x_m,true_y_m,true_z_m; all tracks seen at the same times (default: radar.csv)",
+           text(o.file)},
+          {"--tracks N",
+           "tracks to follow (default: 10000). Those beyond the file's repeat its trajectories with\n"
+           "errors of the radar's size added, so that their measurements have twice the variance",
+           number(o.tracks, 1, 1000000)},
+          {"--range-sigma M", "the radar's standard deviations: metres (default: 50)",
+           number(o.radar.rangeDeviation, 1e-3, 1e6)},
+          {"--angle-sigma DEG", "and degrees (default: 0.3)", number(o.radar.angleDeviation, 1e-6, 90)},
+          {"--threads N", "threads for the array calls (default: 1)", number(o.threads, 1, 1024)},
+          {"--type TYPE", "double or float (default: double)", oneOf(o.type, {"double", "float"})},
+          {"--picture FILE", "the tracks of the file, .png or .svg (default: tracks.png; none: no picture)",
+           file(o.picture, pictures)},
+          {"--repeats N", "runs of the timing (default: 3; 0: none)", number(o.repeats, 0, 1000)},
+          {"--make FILE", "write the recording that comes with the program, and do nothing else", text(o.make)}},
+         "Exits with 1 if the filter is not consistent (the mean of the normalised innovations squared is off its\n"
+         "expectation 3 by more than 5 %) or the two ways of calling differ, with 2 on bad input.\n"},
+        count, arguments, [&] {
+            if (o.make.empty()) return o.type == "float" ? tracks::run<float>(o) : tracks::run<double>(o);
+            makeRecording(o.make, o.radar, tracks::acceleration);
+            return 0;
+        });
 }

@@ -1,12 +1,13 @@
 #include "table.hpp"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <fstream>
-#include <stdexcept>
 #include <string_view>
 
-namespace table {
+#include "program.hpp"
+
+namespace shared {
 namespace {
 
 std::string_view trimmed(std::string_view text) {
@@ -35,20 +36,23 @@ bool isNumber(std::string_view cell, double &value) {
 
 } // namespace
 
-std::runtime_error badLine(const std::string &file, int line, const std::string &what) {
-    return std::runtime_error(file + ":" + std::to_string(line) + ": " + what);
+std::runtime_error Table::badRow(std::size_t row, const std::string &what) const {
+    return badLine(file, lines[row], what);
 }
 
-Table read(const std::string &file) {
-    std::ifstream in(file);
-    if (!in) throw std::runtime_error("cannot read " + file);
-    Table table;
-    std::string text;
-    for (int line = 1; std::getline(in, text); ++line) {
-        if (line == 1 && text.starts_with("\xEF\xBB\xBF")) text.erase(0, 3); // a byte order mark
-        if (!text.empty() && text.back() == '\r') text.pop_back();
+Table readTable(const std::string &file, std::initializer_list<std::size_t> widths) {
+    Table table{file, {}, {}, {}};
+    Lines in(file);
+    std::vector<std::size_t> allowed = widths;
+    for (std::string text; in.next(text);) {
         if (trimmed(text).empty() || text[0] == '#') continue;
         const std::vector<std::string> row = cells(text);
+        if (!allowed.empty() && std::ranges::find(allowed, row.size()) == allowed.end()) {
+            std::vector<std::string> wanted;
+            for (const std::size_t width : allowed) wanted.push_back(std::to_string(width));
+            throw badLine(file, in.line, "a row has " + listed(wanted) + " columns, not " + std::to_string(row.size()));
+        }
+        allowed = {row.size()};
         const bool first = table.names.empty();
         std::size_t numbers = 0, bad = row.size();
         for (std::size_t column = 0; column < row.size(); ++column) {
@@ -64,16 +68,11 @@ Table read(const std::string &file) {
         }
         if (first)
             for (std::size_t column = 1; column <= row.size(); ++column) table.names.push_back(std::to_string(column));
-        if (row.size() != table.columns())
-            throw badLine(file, line,
-                          "a row has " + std::to_string(table.columns()) + " columns, not " +
-                              std::to_string(row.size()));
-        if (bad != row.size()) throw badLine(file, line, "column " + std::to_string(bad + 1) + " is not a number");
-        table.lines.push_back(line);
+        if (bad != row.size()) throw badLine(file, in.line, "column " + std::to_string(bad + 1) + " is not a number");
+        table.lines.push_back(in.line);
     }
-    if (in.bad()) throw std::runtime_error("cannot read " + file);
     if (table.rows() == 0) throw std::runtime_error(file + " has no rows");
     return table;
 }
 
-} // namespace table
+} // namespace shared

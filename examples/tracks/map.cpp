@@ -1,20 +1,16 @@
-#include "picture.hpp"
+#include "map.hpp"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <memory>
 #include <numbers>
-#include <stdexcept>
 
-#include <cairo.h>
+#include "picture.hpp"
 
 namespace tracks {
 namespace {
 
-struct Colour {
-    double red, green, blue;
-};
+using shared::Colour;
 constexpr Colour ink = {0.15, 0.18, 0.22}, faint = {0.55, 0.59, 0.64}, line = {0.80, 0.83, 0.86};
 constexpr Colour orange = {0.85, 0.37, 0.01}, blue = {0.05, 0.38, 0.67}, paper = {0.99, 0.99, 0.98};
 
@@ -32,47 +28,14 @@ Panel mapPanel(double left, double top, double width, double height, double metr
     return {left, top, width, height, x - metres / 2, y - height / scale / 2, scale, scale};
 }
 
-class Drawing {
+class Drawing : public shared::Picture {
 public:
-    Drawing(int width, int height)
-        : image(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height)), cr(cairo_create(image.get())) {
-        colour(paper);
-        cairo_paint(cr.get());
-        cairo_set_line_join(cr.get(), CAIRO_LINE_JOIN_ROUND);
-    }
+    using Picture::clip;
+    using Picture::Picture;
+    using Picture::rectangle;
 
-    void colour(Colour c, double opacity = 1) { cairo_set_source_rgba(cr.get(), c.red, c.green, c.blue, opacity); }
-    void stroke(double width) {
-        cairo_set_line_width(cr.get(), width);
-        cairo_stroke(cr.get());
-    }
-    void fill() { cairo_fill(cr.get()); }
-    void moveTo(double x, double y) { cairo_move_to(cr.get(), x, y); }
-    void lineTo(double x, double y) { cairo_line_to(cr.get(), x, y); }
-    void circle(double x, double y, double radius) {
-        cairo_new_sub_path(cr.get());
-        cairo_arc(cr.get(), x, y, radius, 0, 2 * std::numbers::pi);
-    }
-    void rectangle(double x, double y, double width, double height) { cairo_rectangle(cr.get(), x, y, width, height); }
     void rectangle(const Panel &p) { rectangle(p.left, p.top, p.width, p.height); }
-
-    void text(double x, double y, double size, const std::string &words, double align = 0, bool bold = false) {
-        cairo_select_font_face(cr.get(), "sans-serif", CAIRO_FONT_SLANT_NORMAL,
-                               bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
-        cairo_set_font_size(cr.get(), size);
-        cairo_text_extents_t extents;
-        cairo_text_extents(cr.get(), words.c_str(), &extents);
-        cairo_move_to(cr.get(), x - align * extents.x_advance, y);
-        cairo_show_text(cr.get(), words.c_str());
-    }
-
-    // Inside the panel from here on, until `whole`.
-    void inside(const Panel &p) {
-        cairo_save(cr.get());
-        rectangle(p);
-        cairo_clip(cr.get());
-    }
-    void whole() { cairo_restore(cr.get()); }
+    void clip(const Panel &p) { clip(p.left, p.top, p.width, p.height); }
 
     void path(const Panel &p, const Point *points, std::size_t count) {
         for (std::size_t i = 0; i < count; ++i) lineTo(p.px(points[i][0]), p.py(points[i][1]));
@@ -82,27 +45,13 @@ public:
     // circle there.
     void ellipse(const Panel &p, const Point &centre, const Spread &spread, double deviations) {
         const double a = std::sqrt(spread[0]), b = spread[1] / a, c = std::sqrt(std::max(spread[2] - b * b, 0.0));
-        cairo_new_sub_path(cr.get());
         for (int i = 0; i < 48; ++i) {
             const double angle = 2 * std::numbers::pi * i / 48;
             const double x = deviations * std::cos(angle), y = deviations * std::sin(angle);
             lineTo(p.px(centre[0] + a * x), p.py(centre[1] + b * x + c * y));
         }
-        cairo_close_path(cr.get());
+        closePath();
     }
-
-    void write(const std::string &file) const {
-        if (cairo_surface_write_to_png(image.get(), file.c_str()) != CAIRO_STATUS_SUCCESS)
-            throw std::runtime_error("cannot write " + file);
-    }
-
-private:
-    struct Release {
-        void operator()(cairo_surface_t *surface) const { cairo_surface_destroy(surface); }
-        void operator()(cairo_t *context) const { cairo_destroy(context); }
-    };
-    std::unique_ptr<cairo_surface_t, Release> image;
-    std::unique_ptr<cairo_t, Release> cr;
 };
 
 std::string kilometres(double metres) {
@@ -120,7 +69,7 @@ double roundLength(double most) {
 }
 
 void drawMap(Drawing &drawing, const Panel &p, const History &history) {
-    drawing.inside(p);
+    drawing.clip(p);
     const double ring = roundLength(p.width / p.perUnitX / 8);
     for (int i = 1; i < 12; ++i) {
         drawing.circle(p.px(0), p.py(0), i * ring * p.perUnitX);
@@ -142,15 +91,21 @@ void drawMap(Drawing &drawing, const Panel &p, const History &history) {
     drawing.circle(p.px(0), p.py(0), 5);
     drawing.fill();
     drawing.text(p.px(0) + 10, p.py(0) + 5, 15, "radar");
-    drawing.colour(faint);
-    for (int i = 1; i < 12; ++i) drawing.text(p.px(0), p.py(-i * ring) - 4, 13, kilometres(i * ring), 0.5);
-    drawing.whole();
+    for (int i = 1; i < 12; ++i) {
+        const double y = p.py(-i * ring);
+        drawing.rectangle(p.px(0) - 28, y - 16, 56, 15); // what is under the words would make them hard to read
+        drawing.colour(paper, 0.85);
+        drawing.fill();
+        drawing.colour(faint);
+        drawing.text(p.px(0), y - 4, 13, kilometres(i * ring), 0.5);
+    }
+    drawing.restore();
 }
 
 // The beginning of one track, where the ellipses shrink as its velocity becomes known.
 void drawTrack(Drawing &drawing, const Panel &p, const History &history, std::size_t track) {
     const std::size_t first = track * history.scans;
-    drawing.inside(p);
+    drawing.clip(p);
     for (std::size_t i = first; i < first + history.scans; ++i) {
         drawing.ellipse(p, history.seen[i], history.seenSpread[i], 2);
         drawing.colour(orange, 0.5);
@@ -182,7 +137,7 @@ void drawTrack(Drawing &drawing, const Panel &p, const History &history, std::si
     drawing.rectangle(p.left + p.width - 20 - bar * p.perUnitX, p.top + p.height - 22, bar * p.perUnitX, 3);
     drawing.fill();
     drawing.text(p.left + p.width - 20 - bar * p.perUnitX / 2, p.top + p.height - 30, 14, kilometres(bar), 0.5);
-    drawing.whole();
+    drawing.restore();
 }
 
 // The normalised innovations squared follow chi-squared with 3 degrees of freedom if the covariances are right.
@@ -206,14 +161,16 @@ void drawConsistency(Drawing &drawing, const Panel &p, const History &history) {
 } // namespace
 
 void drawPicture(const std::string &file, const History &history, const std::string &caption) {
-    Drawing drawing(1600, 1040);
+    Drawing drawing(file, 1600, 1040);
+    drawing.paper(paper);
+    drawing.roundJoins();
     drawing.colour(ink);
     drawing.text(40, 52, 30, "Thousands of Kalman filters, one call for all", 0, true);
     drawing.text(40, 82, 17, caption);
 
     // The map holds all measurements; the enlarged track is the one that begins farthest away, where the radar's angles
     // matter most.
-    double reach = 0;
+    double reach = 1;
     for (const Point &at : history.seen) reach = std::max({reach, std::abs(at[0]), std::abs(at[1])});
     std::size_t track = 0;
     const auto away = [&](std::size_t t) {
@@ -229,7 +186,7 @@ void drawPicture(const std::string &file, const History &history, const std::str
             low[axis] = std::min(low[axis], found[i][axis]);
             high[axis] = std::max(high[axis], found[i][axis]);
         }
-    const double across = 1.35 * std::max(high[0] - low[0], (high[1] - low[1]) * 620 / 480);
+    const double across = 1.35 * std::max({high[0] - low[0], (high[1] - low[1]) * 620 / 480, 1.0});
 
     const Panel map = mapPanel(40, 110, 880, 880, 2.06 * reach, 0, 0);
     const Panel detail = mapPanel(950, 140, 610, 480, across, (low[0] + high[0]) / 2, (low[1] + high[1]) / 2);
@@ -265,7 +222,7 @@ void drawPicture(const std::string &file, const History &history, const std::str
     key(orange, "measured", 120);
     key(blue, "estimated", 120);
     if (!history.truth.empty()) key(ink, "true path", 120);
-    drawing.write(file);
+    drawing.write();
 }
 
 } // namespace tracks

@@ -1,38 +1,19 @@
-#include "picture.hpp"
+#include "scene.hpp"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <numbers>
-#include <stdexcept>
 
-#include <cairo.h>
-
+#include "grid.hpp"
+#include "picture.hpp"
 #include "puma.hpp"
 
 namespace robot {
 namespace {
 
-struct Vec {
-    double x = 0, y = 0, z = 0;
-    friend Vec operator+(Vec a, Vec b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
-    friend Vec operator-(Vec a, Vec b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
-    friend Vec operator*(double s, Vec a) { return {s * a.x, s * a.y, s * a.z}; }
-};
-double dot(Vec a, Vec b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-Vec cross(Vec a, Vec b) {
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-Vec unit(Vec a) {
-    return 1 / std::sqrt(std::max(dot(a, a), 1e-30)) * a;
-}
-
+using Vec = shared::Vec3<double>;
 using Colour = Vec; // red, green, blue from 0 to 1
-Colour mix(Colour a, Colour b, double part) {
-    return (1 - part) * a + part * b;
-}
 
 // Along the path: a ramp of even lightness steps (the stops of matplotlib's "plasma", rounded).
 Colour ramp(double part) {
@@ -51,9 +32,9 @@ constexpr double infinite = std::numeric_limits<double>::infinity();
 // A depth buffer of several samples a pixel, and the camera that looks at it.
 class Canvas {
 public:
-    Canvas() : colour(size()), depth(size(), infinite) {
-        for (std::size_t row = 0; row < rows; ++row)
-            std::fill_n(colour.begin() + static_cast<long>(row * columns), columns,
+    Canvas() : colour(grid.size()), depth(grid.size(), infinite) {
+        for (std::size_t row = 0; row < grid.rows; ++row)
+            std::fill_n(&colour[grid.at(0, row)], grid.columns,
                         mix(backgroundTop, backgroundBottom, static_cast<double>(row) / rows));
     }
 
@@ -61,26 +42,12 @@ public:
     void triangle(const std::array<Vec, 3> &corner, const std::array<Colour, 3> &shade) {
         std::array<Vec, 3> p;
         for (std::size_t i = 0; i < 3; ++i) p[i] = project(corner[i]);
-        const double area = edge(p[0], p[1], p[2].x, p[2].y);
-        if (std::abs(area) < 1e-9) return;
-        const auto bound = [](double v, std::size_t most) {
-            return static_cast<std::size_t>(std::clamp(v, 0.0, static_cast<double>(most)));
-        };
-        const std::size_t top = bound(std::min({p[0].y, p[1].y, p[2].y}), rows);
-        const std::size_t bottom = bound(std::max({p[0].y, p[1].y, p[2].y}) + 1, rows);
-        const std::size_t left = bound(std::min({p[0].x, p[1].x, p[2].x}), columns);
-        const std::size_t right = bound(std::max({p[0].x, p[1].x, p[2].x}) + 1, columns);
-        for (std::size_t row = top; row < bottom; ++row)
-            for (std::size_t column = left; column < right; ++column) {
-                const double x = static_cast<double>(column) + 0.5, y = static_cast<double>(row) + 0.5;
-                const double a = edge(p[1], p[2], x, y) / area, b = edge(p[2], p[0], x, y) / area, c = 1 - a - b;
-                if (a < 0 || b < 0 || c < 0) continue;
-                const double z = a * p[0].z + b * p[1].z + c * p[2].z;
-                const std::size_t n = row * columns + column;
-                if (z >= depth[n]) continue;
-                depth[n] = z;
-                colour[n] = a * shade[0] + b * shade[1] + c * shade[2];
-            }
+        grid.triangle(p, [&](std::size_t n, double a, double b, double c, double) {
+            const double z = a * p[0].z + b * p[1].z + c * p[2].z;
+            if (z >= depth[n]) return;
+            depth[n] = z;
+            colour[n] = a * shade[0] + b * shade[1] + c * shade[2];
+        });
     }
 
     // What another canvas has drawn in front of this one, seen through.
@@ -88,9 +55,6 @@ public:
         for (std::size_t n = 0; n < colour.size(); ++n)
             if (front.depth[n] < depth[n]) colour[n] = mix(colour[n], front.colour[n], opacity);
     }
-
-    // Darkens where the mask has drawn: it holds what casts a shadow, flattened on to the floor.
-    void shadow(const Canvas &mask, double strength) { blend(mask, strength); }
 
     // Pixel coordinates, and a depth that is linear on the screen.
     Vec project(Vec p) const {
@@ -101,29 +65,21 @@ public:
     Vec onPicture(Vec p) const { return (1.0 / samples) * project(p); }
     static Vec towardsEye(Vec p) { return unit(eye - p); }
 
-    void store(cairo_surface_t *image) const {
-        cairo_surface_flush(image);
-        unsigned char *const bytes = cairo_image_surface_get_data(image);
-        const int stride = cairo_image_surface_get_stride(image);
-        for (std::size_t row = 0; row < height; ++row)
-            for (std::size_t column = 0; column < width; ++column) {
-                Colour sum;
-                for (std::size_t i = 0; i < samples; ++i)
-                    for (std::size_t j = 0; j < samples; ++j)
-                        sum = sum + colour[(row * samples + i) * columns + column * samples + j];
-                const auto byte = [](double v) {
-                    return static_cast<unsigned>(std::lround(std::clamp(v / (samples * samples), 0.0, 1.0) * 255));
-                };
-                reinterpret_cast<unsigned *>(bytes + static_cast<long>(row) * stride)[column] =
-                    byte(sum.x) << 16 | byte(sum.y) << 8 | byte(sum.z);
-            }
-        cairo_surface_mark_dirty(image);
+    // The pixel as 0xRRGGBB.
+    unsigned pixel(int column, int row) const {
+        Colour sum;
+        for (int i = 0; i < samples * samples; ++i)
+            sum = sum + colour[grid.at(static_cast<std::size_t>(column * samples + i % samples),
+                                       static_cast<std::size_t>(row * samples + i / samples))];
+        const auto byte = [](double v) {
+            return static_cast<unsigned>(std::lround(std::clamp(v / (samples * samples), 0.0, 1.0) * 255));
+        };
+        return byte(sum.x) << 16 | byte(sum.y) << 8 | byte(sum.z);
     }
 
 private:
-    static constexpr std::size_t columns = width * samples, rows = height * samples;
-    static std::size_t size() { return columns * rows; }
-    static double edge(Vec a, Vec b, double x, double y) { return (b.x - a.x) * (y - a.y) - (b.y - a.y) * (x - a.x); }
+    static constexpr int columns = width * samples, rows = height * samples;
+    static constexpr shared::Grid grid = {columns, rows};
 
     static constexpr double lens = 1.8 * height * samples;
     static inline const Vec eye = {2.05, -1.2, 1.85};
@@ -135,7 +91,7 @@ private:
     std::vector<double> depth;
 };
 
-const Vec light = unit({0.35, -0.55, 1.0}); // towards the lamp
+const Vec light = unit(Vec{0.35, -0.55, 1.0}); // towards the lamp
 
 Colour lit(Colour paint, Vec normal, Vec at) {
     const Vec eye = Canvas::towardsEye(at);
@@ -369,26 +325,6 @@ void drawFloor(Canvas &canvas) {
         }
 }
 
-class Text {
-public:
-    explicit Text(cairo_t *target) : cairo(target) {}
-    void write(double x, double y, double size, const std::string &text, bool bold = false,
-               Colour ink = {0.15, 0.17, 0.2}, bool centred = false) {
-        cairo_select_font_face(cairo, "DejaVu Sans", CAIRO_FONT_SLANT_NORMAL,
-                               bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
-        cairo_set_font_size(cairo, size);
-        cairo_text_extents_t extents;
-        cairo_text_extents(cairo, text.c_str(), &extents);
-        cairo_set_source_rgb(cairo, ink.x, ink.y, ink.z);
-        cairo_move_to(cairo, centred ? x - extents.x_bearing - extents.width / 2 : x,
-                      centred ? y - extents.y_bearing - extents.height / 2 : y);
-        cairo_show_text(cairo, text.c_str());
-    }
-
-private:
-    cairo_t *cairo;
-};
-
 } // namespace
 
 void drawPicture(const std::string &file, const std::vector<Pose> &path, const std::vector<Angles> &angles,
@@ -408,7 +344,7 @@ void drawPicture(const std::string &file, const std::vector<Pose> &path, const s
     board.draw(caster);
     drawPedestal(caster);
     drawArm(caster, angles[indexOf(shown[0])], white, 0);
-    scene.shadow(shadows, 0.28);
+    scene.blend(shadows, 0.28); // what casts them, flattened on to the floor
 
     Brush brush(scene);
     board.draw(brush);
@@ -422,50 +358,48 @@ void drawPicture(const std::string &file, const std::vector<Pose> &path, const s
         scene.blend(ghost, 0.25);
     }
 
-    cairo_surface_t *const image = cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height);
-    scene.store(image);
-    cairo_t *const cairo = cairo_create(image);
-    Text text(cairo);
-    text.write(48, 70, 34, "PUMA 560 follows a drawn path", true);
-    text.write(48, 106, 19, caption, false, {0.35, 0.38, 0.43});
+    shared::Picture picture(file, width, height);
+    picture.pixels([&](int column, int row) { return scene.pixel(column, row); });
+    constexpr shared::Colour ink = {0.15, 0.17, 0.2};
+    picture.colour(ink);
+    picture.text(48, 70, 34, "PUMA 560 follows a drawn path", 0, true);
+    picture.colour({0.35, 0.38, 0.43});
+    picture.text(48, 106, 19, caption);
 
     // Marks at the pen of each pose, and the legend of the path's colour.
-    int number = 1;
-    std::vector<double> ordered(std::begin(shown), std::end(shown));
-    std::sort(ordered.begin(), ordered.end());
+    const auto colour = [&](double part) {
+        const Colour c = ramp(part);
+        picture.colour({c.x, c.y, c.z});
+    };
     constexpr double barX = 48, barY = height - 92, barWidth = 460, barHeight = 18;
     for (int i = 0; i < static_cast<int>(barWidth); ++i) {
-        const Colour c = ramp(i / barWidth);
-        cairo_set_source_rgb(cairo, c.x, c.y, c.z);
-        cairo_rectangle(cairo, barX + i, barY, 1.5, barHeight);
-        cairo_fill(cairo);
+        colour(i / barWidth);
+        picture.rectangle(barX + i, barY, 1.5, barHeight);
+        picture.fill();
     }
-    text.write(barX, barY - 36, 17, "along the path, and where the arm is shown (solid: 3)", true);
-    text.write(barX, barY + 44, 15, "first pose", false);
-    text.write(barX + barWidth - 66, barY + 44, 15, "last pose", false);
-    const auto mark = [&](double x, double y, double part) {
-        const Colour c = ramp(part);
-        cairo_new_path(cairo);
-        cairo_arc(cairo, x, y, 13, 0, 2 * std::numbers::pi);
-        cairo_set_source_rgb(cairo, 1, 1, 1);
-        cairo_fill_preserve(cairo);
-        cairo_set_source_rgb(cairo, c.x, c.y, c.z);
-        cairo_set_line_width(cairo, 3);
-        cairo_stroke(cairo);
-        text.write(x, y, 15, std::to_string(number), true, {0.15, 0.17, 0.2}, true);
+    picture.colour(ink);
+    picture.text(barX, barY - 36, 17, "along the path, and where the arm is shown (solid: 3)", 0, true);
+    picture.text(barX, barY + 44, 15, "first pose");
+    picture.text(barX + barWidth - 66, barY + 44, 15, "last pose");
+    const auto mark = [&](double x, double y, double part, const std::string &number) {
+        picture.colour({1, 1, 1});
+        picture.circle(x, y, 13);
+        picture.fillAndKeep();
+        colour(part);
+        picture.stroke(3);
+        picture.colour(ink);
+        picture.textAround(x, y, 15, number);
     };
-    for (const double part : ordered) {
+    std::vector<double> ordered(std::begin(shown), std::end(shown));
+    std::ranges::sort(ordered);
+    for (std::size_t i = 0; i < ordered.size(); ++i) {
+        const double part = ordered[i];
         const Pose &pose = path[indexOf(part)];
         const Vec at = scene.onPicture({pose[3], pose[7], pose[11]});
-        mark(at.x + 24, at.y + 20, part);
-        mark(barX + part * barWidth, barY + barHeight / 2, part);
-        ++number;
+        mark(at.x + 24, at.y + 20, part, std::to_string(i + 1));
+        mark(barX + part * barWidth, barY + barHeight / 2, part, std::to_string(i + 1));
     }
-    cairo_destroy(cairo);
-    const cairo_status_t status = cairo_surface_write_to_png(image, file.c_str());
-    cairo_surface_destroy(image);
-    if (status != CAIRO_STATUS_SUCCESS)
-        throw std::runtime_error("cannot write " + file + ": " + cairo_status_to_string(status));
+    picture.write();
 }
 
 } // namespace robot

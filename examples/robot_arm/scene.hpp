@@ -1,4 +1,4 @@
-// The picture: the arm in a few poses along the path, drawn to a PNG file.
+// The picture: the arm in a few poses along the path.
 #pragma once
 
 #include <array>

@@ -1,4 +1,4 @@
-// The picture: the map of the tracks, one of them enlarged, and how consistent the filter is, drawn to a PNG file.
+// The picture: the map of the tracks, one of them enlarged, and how consistent the filter is.
 #pragma once
 
 #include <array>
