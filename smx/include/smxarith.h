@@ -460,12 +460,12 @@ SMX_API SmxStatus smxSub_tta_64f_L(const double *src1, int src1Stride1, int src1
  *           vav vava vac           each vector of an array, plus one vector, one of a second array, or `val`
  *           vaca vca               each vector of an array, or one vector, plus the constant of each object, vals(n)
  * Shapes    vectors of `len` elements. In the argument list the vector comes before the constant, whatever the code.
- * Strides   in bytes, positive multiples of the element size; see smx.h. `vals` is one element every valsStride0 bytes in
- *           the standard and the pointer layout, and a list with a shift in _L.
+ * Strides   in bytes, positive multiples of the element size; see smx.h. `vals` is one element every valsStride0 bytes
+ *           in the standard and the pointer layout, and a list with a shift in _L.
  * Overlap   dst may be an array source with the same strides (the same table and shift, the same list), or a single
  *           source of a single form: that adds in place. Nothing else may overlap.
- * Checks    null, count, size, strides, shifts; without count in the single forms. But vav: null, size, strides, count in
- *           the standard layout; the same and then shifts in _P; null, size, strides, shifts, count in _L. And
+ * Checks    null, count, size, strides, shifts; without count in the single forms. But vav: null, size, strides, count
+ *           in the standard layout; the same and then shifts in _P; null, size, strides, shifts, count in _L. And
  *           smxAdd_vca_64f_P does not test its shifts.
  *           smxStsNullPtrErr, smxStsCountMatrixErr, smxStsSizeErr, smxStsStrideMatrixErr, smxStsRoiShiftMatrixErr.
  * Status    no other failure: 0 means that every object has been written.
@@ -730,8 +730,8 @@ SMX_API SmxStatus smxSub_cav_64f_L(const double *src, int srcStride2, const doub
  * Shapes, strides, overlap, statuses: as for addition.
  * Checks    null, count, size, strides, shifts; without count in vc.
  * Threads   vac for float: where 2 * len * count is above 6; for double above 36864, 18432 where a stride2 is not the
- *           element size and in _L, 9216 in _P. vaca and vca count 2 * len * count + count and len * count + len + count,
- *           above 36864, 9216 in _P, 18432 in _L. */
+ *           element size and in _L, 9216 in _P. vaca and vca count 2 * len * count + count and len * count + len +
+ *           count, above 36864, 9216 in _P, 18432 in _L. */
 SMX_API SmxStatus smxMul_vc_32f(const float *src, int srcStride2, float val, float *dst, int dstStride2, int len);
 SMX_API SmxStatus smxMul_vc_32f_P(const float *const *src, int srcRoiShift, float val, float *const *dst,
                                   int dstRoiShift, int len);
@@ -931,7 +931,8 @@ SMX_API SmxStatus smxExtract_ta_64f_P(const double *const *src, int srcRoiShift,
 SMX_API SmxStatus smxExtract_ta_64f_L(const double *const *src, int srcRoiShift, int srcStride1, int srcStride2,
                                       double *dst, int width, int height, int count);
 
-/* LoadIdentity: dst(n, i, j) = 1 where i is j, else 0. A matrix need not be square: rows below the diagonal's end are 0.
+/* LoadIdentity: dst(n, i, j) = 1 where i is j, else 0. A matrix need not be square: rows below the diagonal's end are
+ * 0.
  *
  * Checks    null, size, count, strides within an object, shift, and dstStride0 only where count is above 1; but
  *           smxLoadIdentity_ma_32f_P tests the shift before the count. Statuses as for Copy.
@@ -953,8 +954,8 @@ SMX_API SmxStatus smxLoadIdentity_ma_64f_L(double *const *dst, int dstRoiShift, 
 /* Transpose: dst(n, c, r) = src(n, r, c).
  *
  * Codes     m                      one matrix; no suffix, _P.  ma   an array; no suffix, _P, _L
- * Shapes    width and height are those of src; dst has `height` columns and `width` rows. The sizes stand between the two.
- *           Most functions read a transposed operand in place (the t of their codes) and need no such step.
+ * Shapes    width and height are those of src; dst has `height` columns and `width` rows. The sizes stand between the
+ *           two. Most functions read a transposed operand in place (the t of their codes) and need no such step.
  * Strides   in bytes, positive multiples of the element size; see smx.h.
  * Overlap   dst must not overlap src: in place, elements are overwritten before they are read.
  * Checks    null, count, size, strides, shifts; without count in m. smxStsNullPtrErr, smxStsCountMatrixErr,

@@ -17,8 +17,8 @@ extern "C" {
  *           closed forms.
  * Shapes    src: n by n, n = widthHeight; only read. buffer: n * n elements of scratch, one for a whole array.
  *           dstValues: n elements an object, packed, object k from element k * n on, in every layout.
- * Order     sides 3 and up: descending by value. SIDE 2 IS NOT SORTED: with a negative trace the smaller value comes
- *           first.
+ * Order     sides 3 and up: descending by value. SIDE 2 IS NOT SORTED: with a trace below -eps (see below) the smaller
+ *           value comes first. A trace within eps counts as 0 there.
  * Triangle  nothing tests symmetry. Side 2 takes the upper off-diagonal element. Other sides start from the lower
  *           triangle but transform the whole square: give both halves, equal.
  * Strides   in bytes, positive multiples of the element size; see smx.h.
@@ -26,28 +26,31 @@ extern "C" {
  * Checks    null (src, buffer, dstValues), size, count, then shifts before strides.
  *           smxStsNullPtrErr, smxStsSizeErr, smxStsCountMatrixErr, smxStsRoiShiftMatrixErr, smxStsStrideMatrixErr.
  * Threads   above 20000 elements of work, (n * n + n) * count; `_ma_32f_L` with adjacent elements above 40000. The
- *           threads then have scratch of their own, but buffer must still not be null.
+ *           threads then have scratch of their own, but buffer must be there all the same: a call that runs on one
+ *           thread after all uses it.
  *
  * ALL TOLERANCES ARE ABSOLUTE: eps = 2^-23 in float, 2^-52 in double, whatever the scale of the matrix. Off-diagonal
  * elements below 2 eps are taken for 0, so a matrix of tiny elements comes back as its own diagonal, and is called
- * singular. And the reduction leaves a column as it is if its squared length below the diagonal is about eps or less:
- * elements up to some 2^-12 (float) or 2^-26 (double) may then be ignored, so that a matrix close to a multiple of the
- * identity loses half of its digits. Scale first: divide by the greatest magnitude of the matrix or array, multiply the
- * values by it after.
+ * singular. And the reduction leaves a column as it is if its squared length below the diagonal is about eps or less,
+ * and, in the ma forms and with vectors, if its length differs from its first element there by eps or less: elements up
+ * to some 2^-12 (float) or 2^-26 (double) may then be ignored, so that a matrix close to a multiple of the identity
+ * loses half of its digits. Scale first: divide by the greatest magnitude of the matrix or array, multiply the values
+ * by it after.
  *
  * smxStsSingularErr: the determinant (side 2) or the product of the eigenvalues (sides 3 and up) is at most eps in
  *     magnitude. A matrix with an eigenvalue of 0 is refused, and one with several small ones. Side 2 has then written
  *     nothing of the object; other sides have all its values in dstValues, UNSORTED and as good as ever. The bound of
  *     side 2 in smxEigenValuesSym_ma_32f with adjacent elements is 2^-52, not 2^-23. Where the sweep runs down (the
  *     last diagonal element of the reduced form not above the first in magnitude) splits that the search meets in
- *     mid-block count as factors once more, so the product need not be the determinant. Side 1 is never refused.
+ *     mid-block count as factors once more, so the product need not be the determinant. It is formed in double for
+ *     float, too, but for the one of such a downward sweep. Side 1 is never refused.
  *     To have flat objects in an array: add a shift to every diagonal so that all eigenvalues lie well away from 0
  *     (after scaling, 2 will do for any matrix of norm at most 1), and subtract it from the values.
- * smxStsConvergeErr: 30 sweeps were not enough for one value. dstValues then holds nothing of use. So may end matrices of
- *     side 3 and up with infinities or not-a-numbers off the diagonal, some clusters of values within 100 eps of each
- *     other, and a few of many thousand ordinary matrices, where the last off-diagonal element comes to rest just above
- *     the tolerance. Multiply such a matrix by some factor (50, say) and call again. The status is no test for infinities
- *     and not-a-numbers: sides 1 and 2 pass them on with status 0.
+ * smxStsConvergeErr: 30 sweeps were not enough for one value. dstValues then holds nothing of use. So may end matrices
+ *     of side 3 and up with infinities or not-a-numbers off the diagonal, some clusters of values within 100 eps of
+ *     each other, and a few of many thousand ordinary matrices, where the last off-diagonal element comes to rest just
+ *     above the tolerance. Multiply such a matrix by some factor (50, say) and call again. The status is no test for
+ *     infinities and not-a-numbers: sides 1 and 2 pass them on with status 0.
  * An array call stops at its first failing object: those before it are done, those behind it untouched, up to the
  * end of the same thread's share. The status does not say which it was.
  *
@@ -55,10 +58,10 @@ extern "C" {
  * eps, so for a few matrices values come out wrong. Side 4 with 2 on the diagonal and -1 beside it is one, side 21 with
  * |i - 10| on the diagonal and 1 beside it another. Where it matters compare the sum of the squares of the values with
  * the sum of the squares of all elements (the trace may hold all the same); where they differ, multiply the matrix by a
- * factor, shift its diagonal, or take its rows and columns in another order, call again, undo it, and compare once more.
- * No one remedy helps every matrix. The forms round differently: that one of them is right says nothing about another.
- * Random matrices hardly ever meet this; structured ones do (equal or evenly spaced elements), and float matrices of
- * side 8 and up whose values spread over a factor of 100 often do. */
+ * factor, shift its diagonal, or take its rows and columns in another order, call again, undo it, and compare once
+ * more. No one remedy helps every matrix. The forms round differently: that one of them is right says nothing about
+ * another. Random matrices hardly ever meet this; structured ones do (equal or evenly spaced elements), and float
+ * matrices of side 8 and up whose values spread over a factor of 100 often do. */
 SMX_API SmxStatus smxEigenValuesSym_m_32f(const float *src, int srcStride1, int srcStride2, float *buffer,
                                           float *dstValues, int widthHeight);
 SMX_API SmxStatus smxEigenValuesSym_m_32f_P(const float *const *src, int srcRoiShift, float *buffer, float *dstValues,
@@ -91,7 +94,8 @@ SMX_API SmxStatus smxEigenValuesSym_ma_64f_L(const double *const *src, int srcRo
  *
  * smxStsSingularErr: the determinant (side 2) is at most eps, or the product of the eigenvalues is at most eps in the m
  *     forms and at most 2^-23 IN BOTH TYPES in the ma forms: an array call in double refuses what a single call takes.
- *     Side 2 has then written nothing of the object. Other sides have written all values and vectors, in the m forms
+ *     The product is formed in double for both types. Side 2 has then written nothing of the object. Other sides have
+ *     written all values and vectors, in the m forms
  *     sorted, in the ma forms unsorted; either way column j belongs to dstValues[j].
  * smxStsConvergeErr: neither dstVectors nor dstValues holds anything of use.
  * An array call stops at its first failing object, as above; the shift of the diagonal leaves the vectors as they are.
@@ -159,15 +163,17 @@ SMX_API SmxStatus smxEigenValuesVectorsGetBufSize_64f(int widthHeight, int *bufS
  *           must be there all the same: a call that runs on one thread after all uses it.
  *
  * The tolerances are absolute: a sub-diagonal element of at most 2^-23 (float) or 2^-52 (double) counts as 0. Scale
- * matrices of tiny elements, as for smxEigenValuesSym.
+ * matrices of tiny elements, as for smxEigenValuesSym. Scale those of huge elements, too: squares are formed as they
+ * are, so that values beyond 2^63 (float) or 2^511 (double) may come out as not-a-numbers, with status 0; from the
+ * functions with vectors also those below 2^-74 or 2^-537.
  *
  * REAL VALUES CAN BE TOLD AS A COMPLEX PAIR, OR COME OUT WRONG, WITH STATUS 0. The standard form of a last 2 by 2 block
  * (a b; c d) has three kept oddities. Where a and d are equal, b and c non-zero, the values are told as
  * a +- i sqrt(|b c|) even if b and c have equal signs: the matrix (1 2; 2 1) gives 1 +- 2i, not 3 and -1. Where a
  * nearly double pair is rotated to an equal diagonal and turns out real, the values are m +- (a - d)/2 instead of
- * m +- sqrt(b c). Where rotating leaves one off-diagonal element at 0, both values are m. For symmetric matrices use
- * smxEigenValuesSym; for others, compare the sum of the squares of the values with the trace of A A, or perturb the
- * matrix.
+ * m +- sqrt(b c); nearly is absolute, too, so that all pairs of a matrix of tiny elements are nearly double. Where
+ * rotating leaves one off-diagonal element at 0, both values are m. For symmetric matrices use smxEigenValuesSym; for
+ * others, compare the sum of the squares of the values with the trace of A A, or perturb the matrix.
  *
  * smxStsConvergeErr: 30 n double steps were not enough. The values found so far stand at the upper indices; the others
  *     are not written. So end matrices of side 3 and up with not-a-numbers. With infinities the status may be this one

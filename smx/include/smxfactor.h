@@ -163,26 +163,28 @@ SMX_API SmxStatus smxLUBackSubst_mava_64f_L(const double *const *src1, int src1R
                                             int src2RoiShift, int src2Stride2, double *const *dst, int dstRoiShift,
                                             int dstStride2, int widthHeight, int count);
 
-/* Cholesky decomposition A = L Lt of a symmetric positive definite matrix of side n = widthHeight, row by row.
+/* Cholesky decomposition A = L Lt of a symmetric positive definite matrix of side n = widthHeight, row by row (G. H.
+ * Golub and C. F. Van Loan, Matrix Computations, the algorithm for L by rows).
  *
  *   Codes      m: one matrix; no suffix, _P. ma: an array; no suffix, _P, _L.
  *   src, dst   n by n. Only lower triangles with the diagonal are read and written: symmetry is not tested, and the
  *              upper triangle of dst keeps what it held. dst[i][j] = L[i][j] for j < i, dst[i][i] = 1 / L[i][i].
+ *   Order      from an element of src its products are subtracted one by one, in rising order of their columns.
  *   Strides    in bytes, positive multiples of the element size; see smx.h.
  *   Overlap    dst may be src, with the same strides. Nothing else may overlap.
  *   Status     smxStsNotPosDefErr at the first row i whose radicand, A[i][i] minus the squares of L[i][j] for j < i, is
- *              at or below a bound or not a number. Rows before i and L[i][j] for j < i are written then; in the pointer
- *              layout at sides 3 to 6 nothing of row i, and not row 0 either when row 1 fails a single matrix of side 3,
- *              5 or 6. In an array the matrices before the failing one are complete, those after it in the same thread's
- *              share are untouched.
- *   Bound      0, with these exceptions: 2^-23 for both types in the pointer layout at side 3; 2^-52 in the strided form
- *              for arrays of double with a Stride2 that is not the element size, at side 6 and all sides but 3 to 5. It
- *              is absolute. smxCholeskyDecomp_m_32f_P and _64f_P at side 3 let a not-a-number radicand pass in the last
- *              row.
- *   Checks     null, count, size, strides, shifts; without count in m. smxStsNullPtrErr, smxStsCountMatrixErr,
- *              smxStsSizeErr, smxStsStrideMatrixErr, smxStsRoiShiftMatrixErr.
- *   Threads    where n * n * count is above 2000; 7500 in the strided layout of float; 720 in _L of double with adjacent
- *              elements. */
+ *              at or below a bound or not a number. Rows before i and L[i][j] for j < i are written then; in the
+ *              pointer layout at sides 3 to 6 nothing of row i, and not row 0 either when row 1 fails a single matrix
+ *              of side 3, 5 or 6. In an array the matrices before the failing one are complete, those after it in the
+ *              same thread's share are untouched.
+ *   Bound      0, with these exceptions: 2^-23 for both types in the pointer layout at side 3; 2^-52 in the strided
+ *              form for arrays of double with a Stride2 that is not the element size, at side 6 and all sides but 3 to
+ *              5. It is absolute. smxCholeskyDecomp_m_32f_P and _64f_P at side 3 let a not-a-number radicand pass in
+ *              the last row.
+ *   Checks     null (src, dst), count, size, strides, shifts; without count in m. smxStsNullPtrErr,
+ *              smxStsCountMatrixErr, smxStsSizeErr, smxStsStrideMatrixErr, smxStsRoiShiftMatrixErr.
+ *   Threads    where n * n * count is above 2000; 7500 in the strided layout of float; 720 in _L of double with
+ *              adjacent elements. */
 SMX_API SmxStatus smxCholeskyDecomp_m_32f(const float *src, int srcStride1, int srcStride2, float *dst, int dstStride1,
                                           int dstStride2, int widthHeight);
 SMX_API SmxStatus smxCholeskyDecomp_m_32f_P(const float *const *src, int srcRoiShift, float *const *dst,
@@ -215,10 +217,12 @@ SMX_API SmxStatus smxCholeskyDecomp_ma_64f_L(const double *const *src, int srcRo
  *              vector; no suffix, _P, _L.
  *   src1       n by n, only the lower triangle with the inverted diagonal is read (mv, mva: one for all vectors).
  *   src2, dst  right-hand sides and solutions of length n.
+ *   Order      from an element of the right-hand side the products are subtracted one by one: forward in rising order
+ *              of the unknowns, backward in falling order.
  *   Strides    in bytes, positive multiples of the element size; see smx.h.
  *   Overlap    dst may be src2, with the same strides. Nothing else may overlap.
  *   Status     nothing fails after the entry checks: what src1 holds is taken as it stands.
- *   Checks     as for smxCholeskyDecomp; but mva_L: null, strides, shifts, size, count.
+ *   Checks     as for smxCholeskyDecomp, null: src1, src2, dst; but mva_L: null, strides, shifts, size, count.
  *   Threads    mva: where n * (n + 2 * count) is above 720; 1200 in the strided layout of float. mava: where
  *              (n * n + 2 * n) * count is above 1700; 2050 in the strided layout of float with adjacent elements and in
  *              _P of double. */
@@ -280,16 +284,19 @@ SMX_API SmxStatus smxCholeskyBackSubst_mava_64f_L(const double *const *src1, int
  *   src        height by width.
  *   dst        height by width, packed: R on and above the diagonal; below it, in column k, the entries of reflector k
  *              behind its leading 1. Reflection k is I - 2 v vt / (vt v), and R[k][k] has the sign opposite to the
- *              element it replaces. A square matrix has no reflection for its last column.
+ *              element it replaces (positive for a zero, which counts as negative). A square matrix has no reflection
+ *              for its last column.
+ *   Order      all sums in rising order of the rows; the one of a column with its reflector starts at the diagonal.
  *   Strides    in bytes, positive multiples of the element size; see smx.h.
  *   buffer     at least height * sizeof(element) bytes of scratch that overlap nothing else; no result. An array needs
  *              no more. A call that runs on several threads leaves it alone and takes scratch of its own.
  *   Overlap    dst may be src, with the same strides. Nothing else may overlap.
  *   Status     smxStsSizeMatchMatrixErr if width > height. smxStsDivByZeroErr at the first column whose sum of squares,
  *              from the diagonal down, is below 2^-23 (float) or 2^-52 (double) or not a number: an absolute bound on
- *              the square. dst holds the matrix after the reflections before it then; in an array the matrices before
- *              are complete, those after it in the same thread's share are untouched. The last column of a square
- *              matrix is not tested: a dependence that shows only there gives status 0 and a tiny or zero R[n-1][n-1].
+ *              the square, on the length about 3.5e-4 or 1.5e-8. dst holds the matrix after the reflections before it
+ *              then; in an array the matrices before are complete, those after it in the same thread's share are
+ *              untouched. The last column of a square matrix is not tested: a dependence that shows only there gives
+ *              status 0 and a tiny or zero R[n-1][n-1].
  *   Checks     null (src, buffer, dst), count, size, strides, shifts, and the match of width and height last.
  *              smxStsNullPtrErr, smxStsCountMatrixErr, smxStsSizeErr, smxStsStrideMatrixErr, smxStsRoiShiftMatrixErr,
  *              smxStsSizeMatchMatrixErr.
@@ -334,8 +341,8 @@ SMX_API SmxStatus smxQRDecomp_ma_64f_L(const double *const *src, int srcRoiShift
  *   Status     smxStsSizeMatchMatrixErr if width > height. Nothing else fails after the entry checks: a zero on the
  *              diagonal of R gives infinities or not-a-numbers with status 0.
  *   Checks     as for smxQRDecomp; null: src1, buffer, src2, dst.
- *   Threads    where width * height + (width + height) * count (mva) or (width * height + width + height) * count (mava)
- *              is above 2800; 1800 in _P and _L. */
+ *   Threads    where width * height + (width + height) * count (mva) or (width * height + width + height) * count
+ *              (mava) is above 2800; 1800 in _P and _L. */
 SMX_API SmxStatus smxQRBackSubst_mv_32f(const float *src1, int src1Stride1, int src1Stride2, float *buffer,
                                         const float *src2, int src2Stride2, float *dst, int dstStride2, int width,
                                         int height);
@@ -398,7 +405,8 @@ SMX_API SmxStatus smxQRBackSubst_mava_64f_L(const double *const *src1, int src1R
  *
  * Sides 3 to 6 expand in minors of the leading rows (Laplace), each computed once and shared; no tolerance. All other
  * sides eliminate with partial pivoting in buffer: a pivot of magnitude below 2 n n n times the smallest normal number
- * of the type, or a last one at or below it, makes the determinant zero.
+ * of the type, or a last one at or below it, makes the determinant zero; so does one that is not a number, while the
+ * expansion gives a not-a-number for it.
  *
  *   Codes      m: one matrix; no suffix, _P. ma: an array; no suffix, _P, _L.
  *   src        n by n.
@@ -407,7 +415,8 @@ SMX_API SmxStatus smxQRBackSubst_mava_64f_L(const double *const *src1, int src1R
  *   Overlap    none.
  *   buffer     n * n * sizeof(element) + n * sizeof(int) bytes, not null even at sides 3 to 6, which do not use it. An
  *              array needs no more. A call that runs on several threads leaves it alone and takes scratch of its own.
- *   Status     a singular matrix is no error: nothing fails after the entry checks. The zero of an array form may be
+ *   Status     a singular matrix is no error: nothing fails after the entry checks. From side 1024 on the bound wraps
+ *              to a negative number, and no pivot is refused. The zero of an array form may be
  *              negative, and not-a-number if the product of the pivots before the failing one has overflowed, or if the
  *              element that stands last then is infinite.
  *   Checks     null (src, buffer, dstDet), count, size, strides, shifts; without count in m. smxStsNullPtrErr,
@@ -447,21 +456,24 @@ SMX_API SmxStatus smxDet_ma_64f_L(const double *const *src, int srcRoiShift, int
  *   Status     smxStsSingularErr if the magnitude of the determinant is below 2 n n n times the smallest normal number
  *              of the type (at or below it at side 1, 2 and from 7 on) or not a number; nothing of that matrix is
  *              written, but at side 2 and from 7 on an earlier pivot may end the process first: see below. In an array
- *              the matrices before it are complete, those after it in the same thread's share are untouched. Exceptions:
- *              a not-a-number element of side 1 gives not-a-number and status 0 in smxInvert_m, and so does a
- *              not-a-number determinant at sides 4, 5 and 6 of smxInvert_m_32f and _64f if Stride2 is the element size.
+ *              the matrices before it are complete, those after it in the same thread's share are untouched.
+ *              Exceptions: a not-a-number element of side 1 gives not-a-number and status 0 in smxInvert_m, and so does
+ *              a not-a-number determinant at sides 4, 5 and 6 of smxInvert_m_32f and _64f if Stride2 is the element
+ *              size.
  *   Accuracy   at side 2 and from 7 on a cofactor that is zero counts as the tolerance: instead of exact zeros the
- *              result has elements of about 1e-37 (float) or 1e-307 (double).
+ *              result has elements of about the tolerance over the determinant, about 1e-37 (float) or 1e-307 (double)
+ *              for a determinant near 1, and more for a smaller one.
  *   Checks     as for smxDet; null: src, buffer, dst.
  *   Threads    where 2 * n * count is above 20000; 40000 in _L of float where every Stride2 is the element size. Never
  *              at side 1.
  *
  * BEWARE of side 2 and of 7 and above: if a pivot before the last one is that small (a matrix whose first column is
  * zero, say) or not a number, these functions store a zero through a null pointer, which ends the process with a memory
- * fault. All members can, but smxInvert_ma_32f_P and smxInvert_ma_64f_P, which return smxStsSingularErr and test the last
- * pivot in place of the determinant. Where such a matrix may come, use those two; a count of 1 will do. At side 2 a
- * determinant from smxDet that is neither 0 nor a not-a-number is as good a proof. From side 7 on it proves nothing: the
- * pivots of smxDet and smxLUDecomp are rounded in another way. */
+ * fault. All members can, but smxInvert_ma_32f_P and smxInvert_ma_64f_P, which return smxStsSingularErr and test the
+ * last pivot in place of the determinant (so that one which underflows gives infinities with status 0). Where such a
+ * matrix may come, use those two; a count of 1 will do. At side 2 a determinant from smxDet that is neither 0 nor a
+ * not-a-number is as good a proof. From side 7 on it proves nothing: the pivots of smxDet and smxLUDecomp are rounded
+ * in another way. */
 SMX_API SmxStatus smxInvert_m_32f(const float *src, int srcStride1, int srcStride2, float *buffer, float *dst,
                                   int dstStride1, int dstStride2, int widthHeight);
 SMX_API SmxStatus smxInvert_m_32f_P(const float *const *src, int srcRoiShift, float *buffer, float *const *dst,

@@ -979,7 +979,8 @@ SMX_API SmxStatus smxTrace_ma_64f_L(const double *const *src, int srcRoiShift, i
  *           ma                 each matrix of an array; no suffix, _P, _L
  * Shapes    width columns and height rows; dst is one element, or count adjacent elements in every layout.
  * Order     by rows, in double for both types, rounded once after the root. The pointer layout adds the squares in
- *           pairs, (a0^2 + a1^2) + (a2^2 + a3^2) and so on, but for the 3 by 3 matrices of ma.
+ *           pairs, (a0^2 + a1^2) + (a2^2 + a3^2) and so on, of an odd number the last one alone, but for the 3 by 3
+ *           matrices of ma, which it adds one by one.
  * Cut-off   some members give exactly 0 where S is below the machine epsilon of the element type (2^-23 in float, 2^-52
  *           in double: norms below about 3.5e-4 and 1.5e-8) or where S is not a number. Scale small matrices first, or
  *           use a member without it:
