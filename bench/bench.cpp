@@ -18,8 +18,8 @@ Pool::Pool()
     if (base_ == MAP_FAILED) throw std::bad_alloc();
 }
 
-// Pieces start at different places within a page, some 20 lines apart: where a result lies a few lines behind a source
-// in the low 12 bits of the address, a processor makes loads wait for stores that have nothing to do with them.
+// Pieces start at different places within a page: where a result lies a few lines behind a source in the low 12 bits of
+// the address, a processor makes loads wait for stores that have nothing to do with them.
 char *Pool::take_bytes(std::size_t bytes) {
     constexpr std::size_t page = 4096, apart = 25 * 64;
     const std::size_t begin = (used_ + page - 1) / page * page + pieces_++ * apart % page;

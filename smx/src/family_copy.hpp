@@ -1,12 +1,13 @@
-// Moves without arithmetic: Copy between the layouts, Extract into a dense array, LoadIdentity. They have neither kernels
-// nor drivers: this is the body of the interface functions, and it runs on the calling thread.
+// Moves without arithmetic: Copy between the layouts, Extract into a dense array, LoadIdentity. They have neither
+// kernels nor drivers: this is the body of the interface functions, and it runs on the calling thread.
 //
 //   Shapes    width and height are those of the result; a transposed source is stored with width rows.
 //   Order     objects, rows and columns ascending, each element read and written before the next one is read; but
-//             Extract va and ma from the pointer layout take one pointer after the other, and its element of all objects
-//             in turn. LoadIdentity sets a row to 0 before it writes the row's 1.
+//             Extract va and ma from the pointer layout take one pointer after the other, and its element of all
+//             objects in turn. LoadIdentity sets a row to 0 before it writes the row's 1.
 //   Status    always 0.
-//   In place  a destination that overlaps the source shows the order above. Blocks are copied only where nobody can tell.
+//   In place  a destination that overlaps the source shows the order above. Blocks are copied only where nobody can
+//             tell.
 #pragma once
 
 #include "frame_module.hpp"

@@ -1,7 +1,7 @@
 // Eigenvalues of general real matrices, with or without eigenvectors. All work is done on H, the transpose of src.
 //
-//   Steps      copy, Householder reduction to Hessenberg form, double-shift iteration down to blocks of one or two rows;
-//              with vectors also Q, back substitution on the quasi-triangular form, normalisation. No balancing.
+//   Steps      copy, Householder reduction to Hessenberg form, double-shift iteration down to blocks of one or two
+//              rows; with vectors also Q, back substitution on the quasi-triangular form, normalisation. No balancing.
 //   Order      of the final diagonal; a complex pair with its positive imaginary part first.
 //   Reads      all elements of an object before anything is written.
 //   Status     smxStsConvergeErr after 30 n double steps, smxStsErr for a singular complex 2 by 2 block in the back

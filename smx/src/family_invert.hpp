@@ -1,8 +1,8 @@
 // Inverse of square matrices by cofactors over the determinant.
 //
 //   Paths      side 1 in the interface function. Sides 3 to 6 in closed form with one division. All others by the
-//              `_com` kernels, and in the pointer layout's array kernel inline: every cofactor by its own elimination with
-//              partial pivoting in the caller's buffer.
+//              `_com` kernels, and in the pointer layout's array kernel inline: every cofactor by its own elimination
+//              with partial pivoting in the caller's buffer.
 //   Tolerance  2 n n n smallest normal numbers, absolute. A minor that it calls singular counts as the tolerance.
 //   Status     smxStsSingularErr; an array kernel stops at the first failing object, of which nothing is written.
 //   Odd        the six `_com` kernels store through a null pointer when a pivot before the last one fails.

@@ -5,7 +5,8 @@
 //             pointer layout adds the squares of a matrix in pairs. Trace: ascending from 0.0 in the loop; the
 //             written-out paths of sides 5 and 6 begin with the last elements, but not in the pointer layout
 //             (SumOrder::trace_tail_first).
-//   Width     norms add the squares of floats in double, and round once, after the root. Traces run in the element type.
+//   Width     norms add the squares of floats in double, and round once, after the root. Traces run in the element
+//             type.
 //   Status    always 0.
 //   Written   one element an object, once; but the loop of the trace stores the running sum after every addition.
 #pragma once

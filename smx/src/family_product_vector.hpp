@@ -1,10 +1,10 @@
 // Matrix by vector: dst = op(src1) src2, and Gaxpy: dst = src1 src2 + src3, where op is the identity or the transpose.
 //
 //   Shapes    m by k times k; the width and height arguments are those of the matrix as stored.
-//   Paths     square matrices of side 3 to 6: written out (not in the `_L` kernels of the product). Else a general path:
-//             rows in groups (of 8, or in array forms of 4 for each of a pair of objects), simple (the running sum is
-//             stored after every addition), or, in the pointer layout, the sum runs through the destination element.
-//             Gaxpy has no groups of rows. The `_LS2` kernels of the product call the non-array kernel.
+//   Paths     square matrices of side 3 to 6: written out (not in the `_L` kernels of the product). Else a general
+//             path: rows in groups (of 8, or in array forms of 4 for each of a pair of objects), simple (the running
+//             sum is stored after every addition), or, in the pointer layout, the sum runs through the destination
+//             element. Gaxpy has no groups of rows. The `_LS2` kernels of the product call the non-array kernel.
 //   Order     objects and elements ascending; every sum in ascending p with one accumulator of the element type, which
 //             starts at 0.0 in the general paths and at the first product in the written-out ones. src3 comes last.
 //   Status    always 0.

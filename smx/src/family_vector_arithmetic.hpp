@@ -1,6 +1,6 @@
-// Add, Sub and Mul on vectors and constants: dst = x op y, element by element, y being a vector's element, a constant by
-// value, or the object's constant in an array of constants. Where the constant is the first operand of the expression,
-// the family takes subtract_from, since the constant always follows the vector in an argument list.
+// Add, Sub and Mul on vectors and constants: dst = x op y, element by element, y being a vector's element, a constant
+// by value, or the object's constant in an array of constants. Where the constant is the first operand of the
+// expression, the family takes subtract_from, since the constant always follows the vector in an argument list.
 //
 //   Paths     one text; lengths 3 to 6 are unrolled. The list kernels of vav and vava call those of vv.
 //   Order     objects and elements ascending; an element is read, computed and stored before the next one is read. The

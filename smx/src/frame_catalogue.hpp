@@ -5,8 +5,8 @@
 // SHAPE is SINGLE for a form without an array (members without suffix and _P), ARRAY for one with arrays (members
 // without suffix, _P and _L; `count` comes last). Behind them stands what a form lacks: _ONE_KERNEL has one for any
 // stride2, _NO_KERNEL and COPY (nine pairs of layouts) do their work in the interface function, ARRAY_NO_DRIVER never
-// runs on several threads, ARRAY_STRIDED_FLOAT has that one member. The operand kinds stand in frame_stamp.hpp. Modules,
-// drivers and tests all read these rows.
+// runs on several threads, ARRAY_STRIDED_FLOAT has that one member. The operand kinds stand in frame_stamp.hpp.
+// Modules, drivers and tests all read these rows.
 #pragma once
 
 // ---- matrix sums: smxadd_*, smxsub_*

@@ -204,8 +204,8 @@ bool is_far(const LaneOperand &o, ptrdiff_t bytes, int count) {
         o.addressing == Addressing::list || (o.addressing == Addressing::strided && o.stride0 >= bytes && !o.single);
     return apart && in_one_run && count * bytes >= far_bytes;
 }
-// Groups are looked at only where an object is more than a line, or is read by masks, three floats: in a cache it costs up
-// to a tenth of the call, behind it saves up to a half.
+// Groups are looked at only where an object is more than a line, or is read by masks, three floats: in a cache it costs
+// up to a tenth of the call, behind it saves up to a half.
 bool is_far_for_groups(const LaneOperand &o, ptrdiff_t bytes) {
     return bytes >= 96 || (bytes == 12 && (o.addressing == Addressing::list || o.stride0 != bytes));
 }

@@ -63,7 +63,8 @@ struct LanePlan {
     int count;
     int groups;   // of the widest lanes, that may be loaded before any of them is stored
     bool watched; // begin_group() may have something to do
-    // Operands whose lines are touched ahead of a group (begin_group), or of objects that are read by masks, a bit each.
+    // Operands whose lines are touched ahead of a group (begin_group), or of objects that are read by masks, a bit
+    // each.
     unsigned far, far_masked;
     // Lists are looked through by the first loop that needs to know more about them than it can see on its way.
     mutable Verdict verdict;
@@ -132,8 +133,8 @@ inline SmxStatus for_each_object(const LanePlan &plan, Groups groups, Range rang
         if (plan.verdict != Verdict::never) {
             const int before = n;
             n = groups(n);
-            // A group that has failed, or a list's unsafe one; a call without any progress, or a look at its lists, has no
-            // lane path at all.
+            // A group that has failed, or a list's unsafe one; a call without any progress, or a look at its lists, has
+            // no lane path at all.
             const bool one_group = n != before || (plan.verdict == Verdict::by_group && plan.lists_are_seen);
             if (one_group && plan.count - n > width) last = n + width;
         }

@@ -113,7 +113,8 @@ using S = const Sizes &;
     }
 
 // clang-format off
-//                                     work                                                         test     strided        strided S2     pointers       list            list S2
+//                                     work                                                         test     strided    
+//                                        strided S2     pointers       list            list S2
 inline constexpr Bounds none               {nullptr,                                                          above,   no_driver,     no_driver,     no_driver,     no_driver,      no_driver};
 inline constexpr Bounds sum_one_array      {[](S s) { return s[width] * s[height] * (2 * s.count + 1); },     reached, 36864,         18432,         9216,          18432,          18432};
 inline constexpr Bounds sum_two_arrays     {[](S s) { return 3 * s[width] * s[height] * s.count; },           reached, 36864,         18432,         9216,          18432,          18432};

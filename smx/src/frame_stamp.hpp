@@ -47,8 +47,8 @@
 #define SMX_KIND_VO(group, layout, T, n, p) SMX_##group##_##layout##_VECTOR(T, n, p)
 #define SMX_KIND_VAO(group, layout, T, n, p) SMX_##group##_##layout##_VECTORS(T, n, p)
 // Kinds that look the same in every layout: a constant by value (C), results packed without a stride, one (R, RA) or
-// widthHeight (RS, RSA) an object, or whole objects (RD, RDA), pivot indexes as result or source, scratch, sizes by role,
-// and the count.
+// widthHeight (RS, RSA) an object, or whole objects (RD, RDA), pivot indexes as result or source, scratch, sizes by
+// role, and the count.
 #define SMX_KIND_C(group, layout, T, n, p) SMX_##group##_VALUE(T, n)
 #define SMX_KIND_R(group, layout, T, n, p) SMX_##group##_PACKED(T, n, 0)
 #define SMX_KIND_RA(group, layout, T, n, p) SMX_##group##_PACKED(T, n, 1)
