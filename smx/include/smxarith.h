@@ -463,7 +463,10 @@ SMX_API SmxStatus smxSub_tta_64f_L(const double *src1, int src1Stride1, int src1
  * Strides   in bytes, positive multiples of the element size; see smx.h. `vals` is one element every valsStride0 bytes
  *           in the standard and the pointer layout, and a list with a shift in _L.
  * Overlap   dst may be an array source with the same strides (the same table and shift, the same list), or a single
- *           source of a single form: that adds in place. Nothing else may overlap.
+ *           source of a single form: that adds in place. On one thread elements are read, computed and stored in
+ *           ascending order, so a result under the single vector of vav (of vva in float, too) is seen by later
+ *           objects, but for len 3 to 6 in the standard layout, where that vector is read once; the constant of an
+ *           object is read before its elements. Nothing else may overlap.
  * Checks    null, count, size, strides, shifts; without count in the single forms. But vav: null, size, strides, count
  *           in the standard layout; the same and then shifts in _P; null, size, strides, shifts, count in _L. And
  *           smxAdd_vca_64f_P does not test its shifts.

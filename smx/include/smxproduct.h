@@ -812,7 +812,7 @@ SMX_API SmxStatus smxSaxpy_vava_64f_L(const double *const *src1, int src1RoiShif
  *           vava               two arrays; no suffix, _P, _L
  *           For a single first vector exchange the operands and the constants.
  * Shapes    vectors of len elements. Each constant follows the arguments of its vector.
- * Order     one rounding after each product and one after the sum.
+ * Order     one rounding after each product and one after the sum. val1 and val2 are not examined.
  * Strides, Overlap, Checks, Status    as for Saxpy above.
  * Threads   where 2 * len * count + len (vav) or 3 * len * count (vava) is above 20000; 40000 in _L of float with
  *           adjacent elements. */
