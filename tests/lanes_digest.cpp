@@ -211,29 +211,37 @@ bool is_listed(const Member &member, const Operand &o) {
 }
 
 // Lists that hold an object twice, or one that lies across another, at every distance within a group: a result on a
-// result, and a result on another object's source.
+// result, a result on another object's source, and both of an object on both of another one in place.
 void listed_twice(const Member &member) {
     const std::vector<Operand> &operands = member.row->operands;
+    const auto each_distance = [&](const Operand &result, const Operand &other, bool in_place) {
+        for (const int side : {3, 6})
+            for (int distance = 1; distance <= 15; ++distance) {
+                const int E = member.element, ends = side * E, object = side * ends;
+                const int offsets[] = {0, E, -E, ends - E, -object + E, object - E, object};
+                const int offset = in_place && distance % 2 == 0 ? 0 : offsets[(distance + side) % 7];
+                const int first = distance % 2 == 0 ? 16 : 31 - distance;
+                Shape shape = shaped(side, 37, variations[distance % 3]);
+                shape.object_gap = side + 2;
+                Call call(member, shape);
+                if (in_place) {
+                    call.overlap(result.name, other.name, 0);
+                    call.relist(other.name, first + distance, other.name, first, offset);
+                }
+                call.relist(result.name, first + distance, other.name, first, offset);
+                report(member, shape,
+                       (result.name + " " + std::to_string(first + distance) + " on " + other.name + " " +
+                        std::to_string(first) + " moved " + std::to_string(offset) + (in_place ? " in place" : ""))
+                           .c_str(),
+                       call);
+            }
+    };
     for (const Operand &result : operands) {
         if (result.source || !is_listed(member, result)) continue;
         for (const Operand &other : operands) {
             if (!is_listed(member, other) || (!other.source && other.name != result.name)) continue;
-            for (const int side : {3, 6})
-                for (int distance = 1; distance <= 15; ++distance) {
-                    const int E = member.element, ends = side * E, object = side * ends;
-                    const int offsets[] = {0, E, -E, ends - E, -object + E, object - E, object};
-                    const int offset = offsets[(distance + side) % 7];
-                    const int first = distance % 2 == 0 ? 16 : 31 - distance;
-                    Shape shape = shaped(side, 37, variations[distance % 3]);
-                    shape.object_gap = side + 2;
-                    Call call(member, shape);
-                    call.relist(result.name, first + distance, other.name, first, offset);
-                    report(member, shape,
-                           (result.name + " " + std::to_string(first + distance) + " on " + other.name + " " +
-                            std::to_string(first) + " moved " + std::to_string(offset))
-                               .c_str(),
-                           call);
-                }
+            each_distance(result, other, false);
+            if (other.source) each_distance(result, other, true);
         }
     }
 }
@@ -286,7 +294,7 @@ std::string any_overlaps(const Member &member, const Shape &shape, Call &call, C
     const auto any_offset = [&] { return E * chance.below(5) * steps[chance.below(5)] + E * chance.seldom(3); };
     for (int moves = chance.below(3); moves > 0; --moves) {
         const Operand &moved = *any(), &on = *any();
-        const int offset = any_offset();
+        const int offset = chance.once_in(3) ? 0 : any_offset();
         // The room behind the last operand.
         if (&moved == &on || static_cast<int>(call.bytes(moved.name)) + offset > 32768) continue;
         call.overlap(moved.name, on.name, offset);
@@ -297,8 +305,9 @@ std::string any_overlaps(const Member &member, const Shape &shape, Call &call, C
         if (!is_listed(member, a) || !is_listed(member, b)) continue;
         // Mostly within a group.
         const int n = chance.below(shape.count), m = (n + shape.count - chance.below(15) % shape.count) % shape.count;
-        const int offset = E * chance.below(side * side);
+        const int offset = E * chance.seldom(side * side - 1);
         call.relist(a.name, n, b.name, m, offset);
+        if (chance.once_in(2)) call.relist(b.name, n, b.name, m, offset);
         text += " " + a.name + " " + std::to_string(n) + " on " + b.name + " " + std::to_string(m) + " moved " +
                 std::to_string(offset);
     }

@@ -5,7 +5,10 @@
 #include <omp.h>
 
 #include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <cstdlib>
+#include <thread>
 
 #include "members.hpp"
 #include "recorder.hpp"
@@ -188,7 +191,7 @@ TEST(Calls, SharesOfTheThreads) {
         if (!m.row->array() || symbol(m.driver()) == nullptr || !m.row->operands[0].array) continue;
         if (m.row->operands[0].structure != Structure::matrix && m.row->operands[0].structure != Structure::vector)
             continue;
-        for (int threads = 0; threads <= 4; ++threads)
+        for (int threads = -1; threads <= 4; ++threads)
             for (int count = 1; count <= 2 * threads + 3; ++count)
                 for (const bool adjacent : {true, false}) {
                     if (!adjacent && m.layout == Layout::pointers) continue;
@@ -214,6 +217,97 @@ TEST(Calls, SharesOfTheThreads) {
                     }
                 }
     }
+    threads_omp_of_n_smk = 1;
+}
+
+// The driver makes its own choice of tier, on its direct path and for the shares.
+TEST(Calls, AnySingleStrideSelectsTheGeneralTierInTheDriver) {
+    for (const Member &m : all()) {
+        if (symbol(m.driver()) == nullptr || m.layout == Layout::pointers || m.row->one_kernel()) continue;
+        for (const Argument &argument : m.arguments()) {
+            if (argument.name.find("Stride2") == std::string::npos) continue;
+            Arguments a = arguments(m, different, 5, true);
+            a.integers[argument.name] *= 2;
+            for (const int threads : {1, 2}) {
+                threads_omp_of_n_smk = threads;
+                const std::vector<RecordedCall> calls = drive(m, a);
+                ASSERT_EQ(calls.size(), static_cast<std::size_t>(threads)) << m.name();
+                for (const RecordedCall &call : calls) ASSERT_EQ(call.name, m.kernel_s2()) << argument.name;
+            }
+        }
+    }
+    threads_omp_of_n_smk = 1;
+}
+
+namespace {
+int answers[3], order_of_arrival[3];
+int answer_of_a_share() {
+    const int t = omp_get_thread_num();
+    std::this_thread::sleep_for(std::chrono::milliseconds(40 * order_of_arrival[t]));
+    return answers[t];
+}
+} // namespace
+
+// The first failure to arrive is the result, whichever share it comes from; a success takes nothing back.
+TEST(Calls, TheFirstFailureToArriveIsTheResult) {
+    constexpr struct {
+        int answers[3], order[3], result;
+    } cases[] = {{{-195, -205, -10}, {2, 0, 1}, -205},
+                 {{-195, -205, -10}, {1, 2, 0}, -10},
+                 {{-195, 0, -10}, {1, 0, 2}, -195},
+                 {{0, -205, 0}, {2, 0, 1}, -205},
+                 {{0, 0, 0}, {0, 1, 2}, 0}};
+    for (const char *name : {"smxEigenValuesSym_ma_32f", "smxLUDecomp_ma_64f_P", "smxCholeskyDecomp_ma_32f_L"})
+        for (const auto &c : cases) {
+            const Member &m = find(name);
+            const Arguments a = arguments(m, different, 7, true);
+            std::copy(c.answers, c.answers + 3, answers);
+            std::copy(c.order, c.order + 3, order_of_arrival);
+            threads_omp_of_n_smk = 3;
+            recorder_answer = answer_of_a_share;
+            EXPECT_EQ(invoke(real_driver(m), m.arguments(), a.integers, a.pointers, 1, m.element), c.result) << name;
+            recorder_answer = nullptr;
+            threads_omp_of_n_smk = 1;
+        }
+}
+
+#ifndef __clang__ // whose unnamed lock is the library's own
+// All drivers share OpenMP's unnamed lock, which every share takes, failed or not.
+TEST(Calls, ADriverWaitsForTheUnnamedLock) {
+    threads_omp_of_n_smk = 2;
+    std::atomic<bool> done{false};
+    std::thread caller;
+#pragma omp critical
+    {
+        caller = std::thread([&done] {
+            const Member &m = find("smxAdd_mama_32f");
+            drive(m, arguments(m, different, 4, true));
+            done = true;
+        });
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        EXPECT_FALSE(done);
+    }
+    caller.join();
+    threads_omp_of_n_smk = 1;
+}
+#endif
+
+// The team is as large as the thread count is when it forks, the shares are cut before: a share without a thread is not
+// done, and a thread without a share does nothing.
+TEST(Calls, TheThreadCountMayChangeBeforeTheFork) {
+    const Member &m = find("smxQRDecomp_ma_64f");
+    const Arguments a = arguments(m, {4, 3, 3}, 10, true);
+    threads_omp_of_n_smk = 3;
+    recorder_at_allocation = [] { threads_omp_of_n_smk = 2; };
+    std::vector<RecordedCall> calls = drive(m, a);
+    ASSERT_EQ(calls.size(), 2u);
+    EXPECT_EQ(static_cast<const char *>(calls[1].first) - somewhere, 4 * 8 * 8);
+    threads_omp_of_n_smk = 2;
+    recorder_at_allocation = [] { threads_omp_of_n_smk = 3; };
+    calls = drive(m, a);
+    ASSERT_EQ(calls.size(), 2u);
+    EXPECT_EQ(static_cast<const char *>(calls[1].first) - somewhere, 5 * 8 * 8);
+    recorder_at_allocation = nullptr;
     threads_omp_of_n_smk = 1;
 }
 

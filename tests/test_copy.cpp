@@ -217,6 +217,33 @@ TEST(LoadIdentity, EveryLayoutAndShape) {
     });
 }
 
+// A pointer is read once, for all objects: the results of the first may lie on the pointers themselves.
+TEST(Extract, EachPointerIsReadOnce) {
+    for (const int side : {1, 3, 7}) {
+        const std::size_t elements = static_cast<std::size_t>(side * side);
+        std::vector<double> from(3 * elements);
+        std::iota(from.begin(), from.end(), 1);
+        union {
+            const double *table[49];
+            double results[3 * 49];
+        } block;
+        for (std::size_t e = 0; e < elements; ++e) block.table[e] = from.data() + e;
+        ASSERT_EQ(smxExtract_ma_64f_P(block.table, 0, side * side * 8, block.results, side, side, 3), 0);
+        EXPECT_EQ(std::vector<double>(block.results, block.results + from.size()), from) << side;
+    }
+}
+
+// Where the elements of a row lie on each other, its 1 is what stays.
+TEST(LoadIdentity, ARowIsZeroBeforeItsOneIsWritten) {
+    for (const int width : {2, 4, 5}) {
+        double cells[4] = {7, 7, 7, 7};
+        std::vector<double *> table;
+        for (int e = 0; e < 4 * width; ++e) table.push_back(cells + e / width);
+        ASSERT_EQ(smxLoadIdentity_ma_64f_P(table.data(), 0, 8, width, 4, 1), 0);
+        for (int i = 0; i < 4; ++i) EXPECT_EQ(cells[i], i < width) << width << " " << i;
+    }
+}
+
 // ---- entry checks
 
 namespace {

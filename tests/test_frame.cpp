@@ -167,9 +167,12 @@ void apply(Call &call, const Member &m, const Fault &fault) {
 
 } // namespace
 
-// Every argument's test by itself, and every pair of groups: the first in the member's order decides, and nothing is
-// written.
+// Every argument's test by itself, and every pair of arguments of two groups: the first group in the member's order
+// decides, and nothing is written.
 TEST(Checks, EachTestAndEachPairOfGroupsInOrder) {
+    const auto is_repeated = [](const std::vector<Fault> &list, std::size_t k) {
+        return k > 0 && list[k].argument == list[k - 1].argument;
+    };
     for (const Member &m : all()) {
         Shape shape;
         shape.count = 2;
@@ -185,17 +188,41 @@ TEST(Checks, EachTestAndEachPairOfGroupsInOrder) {
             }
             for (std::size_t j = i + 1; j < order.size(); ++j) {
                 const std::vector<Fault> later = faults(m, order[j]);
-                if (own.empty() || later.empty()) continue;
-                // A size fault and a dimension that does not fit may be the same argument.
-                if (own[0].argument == later[0].argument) continue;
-                Call call(m, shape);
-                apply(call, m, later[0]);
-                apply(call, m, own[0]);
-                ASSERT_EQ(call.run(), status_of(order[i]))
-                    << m.name() << " " << own[0].argument << " before " << later[0].argument;
+                for (std::size_t x = 0; x < own.size(); ++x)
+                    for (std::size_t y = 0; y < later.size(); ++y) {
+                        // A size fault and a dimension that does not fit may be the same argument.
+                        if (is_repeated(own, x) || is_repeated(later, y) || own[x].argument == later[y].argument)
+                            continue;
+                        Call call(m, shape);
+                        apply(call, m, later[y]);
+                        apply(call, m, own[x]);
+                        ASSERT_EQ(call.run(), status_of(order[i]))
+                            << m.name() << " " << own[x].argument << " before " << later[y].argument;
+                    }
             }
         }
         Call call(m, shape);
         EXPECT_EQ(call.run(), 0) << m.name() << ", well-formed";
     }
+}
+
+// Two members test no shift: they take any, and add it like a good one.
+TEST(Checks, AShiftThatIsNotTestedIsUsed) {
+    int members = 0;
+    for (const Member &m : all()) {
+        if (!rules::tests_no_shift(m)) continue;
+        ++members;
+        const Shape shape;
+        for (const int shift : {3, -5}) {
+            Call plain(m, shape), shifted(m, shape);
+            for (const char *operand : {"src", "dst"}) {
+                for (int e = 0; e < shape.size; ++e) static_cast<char **>(shifted.pointer(operand))[e] -= shift;
+                shifted.set(operand + std::string("RoiShift"), shift);
+            }
+            ASSERT_EQ(plain.run(), 0);
+            ASSERT_EQ(shifted.run(), 0) << m.name();
+            EXPECT_EQ(plain.memory(), shifted.memory()) << m.name();
+        }
+    }
+    EXPECT_EQ(members, 2);
 }

@@ -94,3 +94,25 @@ TEST(Transpose, InPlaceIsNoTransposition) {
             EXPECT_EQ(pointed, side == 4 ? by_result : by_source);
         }
 }
+
+// The array kernels of the pointer layout read their tables before they write: here the first result lies on them.
+TEST(Transpose, TablesAreReadOnce) {
+    for (const int side : {3, 4, 5, 6}) {
+        struct {
+            double *tables[2][36];
+            double second[36];
+        } block;
+        std::vector<double> from(static_cast<std::size_t>(2 * side * side));
+        std::iota(from.begin(), from.end(), 1);
+        for (int e = 0; e < side * side; ++e) {
+            block.tables[0][e] = from.data() + e;
+            block.tables[1][e] = reinterpret_cast<double *>(&block) + e;
+        }
+        ASSERT_EQ(smxTranspose_ma_64f_P(block.tables[0], 0, side * side * 8, side, side, block.tables[1], 0,
+                                        sizeof block.tables, 2),
+                  0);
+        for (int r = 0; r < side; ++r)
+            for (int c = 0; c < side; ++c)
+                EXPECT_EQ(block.second[c * side + r], from[static_cast<std::size_t>((side + r) * side + c)]);
+    }
+}

@@ -95,13 +95,15 @@ struct Traits<Dense<T>> {
 };
 
 struct Extract : Moves {
-    // Does the destination stay away from all elements that the pointers reach?
+    // Does the destination stay away from the pointers and all elements that they reach?
     template <class A, class T>
     static bool apart(const A &a, const Dense<T> &d, int elements, int count) {
         using Address = std::uintptr_t;
         const Address low = reinterpret_cast<Address>(d.base);
         const Address high = low + static_cast<Address>(d.object_size * count);
         const Address reach = static_cast<Address>(static_cast<std::ptrdiff_t>(a.stride0) * (count - 1)) + sizeof(T);
+        const Address table = reinterpret_cast<Address>(a.table);
+        if (table < high && low < table + static_cast<Address>(elements) * sizeof *a.table) return false;
         for (int e = 0; e < elements; ++e) {
             const Address from = reinterpret_cast<Address>(stepped(a.table[e], a.shift, 1));
             if (from < high && low < from + reach) return false;
@@ -115,8 +117,11 @@ struct Extract : Moves {
         if constexpr (is_pointers<A> && !is_transposed<A>)
             if (count > 1 && (width > 6 || height > 6 || !apart(a, d, height * width, count))) {
                 for (int i = 0; i < height; ++i)
-                    for (int j = 0; j < width; ++j)
-                        for (int n = 0; n < count; ++n) d.object(n)(i, j) = a.object(n, width)(i, j);
+                    for (int j = 0; j < width; ++j) {
+                        const auto entry = a.table[i * width + j]; // read once: dst may lie on the table
+                        const A one(&entry, a.shift, a.stride0);
+                        for (int n = 0; n < count; ++n) d.object(n)(i, j) = one.object(n, 1)(0, 0);
+                    }
                 return smxStsNoErr;
             }
         return move(a, d, height, width, count);

@@ -132,12 +132,15 @@ Span span(const LaneOperand &o, int count) {
     return {low, high + extent, ascends};
 }
 
+enum class ListPair { in_doubt, safe, in_place };
+
 // Source and result objects of a whole call, at least one of them a list. Settles the usual cases: all sources away
-// from all results, both in ascending order side by side (fields of the same structs, say), or in place.
-bool list_pair_is_safe(const LaneOperand &s, const LaneOperand &d, const Span &all_d, bool in_place_fine, int count) {
+// from all results, both in ascending order side by side (fields of the same structs, say), or in place: safe as long
+// as the results do not meet each other.
+ListPair look_at_pair(const LaneOperand &s, const LaneOperand &d, const Span &all_d, bool in_place_fine, int count) {
     const Span all_s = span(s, count);
-    if (all_s.high <= all_d.low || all_d.high <= all_s.low) return true;
-    if (s.addressing != Addressing::list || d.addressing != Addressing::list) return false;
+    if (all_s.high <= all_d.low || all_d.high <= all_s.low) return ListPair::safe;
+    if (s.addressing != Addressing::list || d.addressing != Addressing::list) return ListPair::in_doubt;
     const Address *const from = addresses(s), *const to = addresses(d);
     const ptrdiff_t extent_s = strided_extent(s), extent_d = strided_extent(d), shift = d.shift - s.shift;
     ptrdiff_t source_first = to[0] - from[0] + shift - extent_s, result_first = from[0] - to[0] - shift - extent_d;
@@ -149,7 +152,10 @@ bool list_pair_is_safe(const LaneOperand &s, const LaneOperand &d, const Span &a
         result_first |= (-distance - extent_d) | (to[n] - from[n - 1] + shift - extent_s);
         apart_from_same |= distance;
     }
-    return source_first >= 0 || result_first >= 0 || (apart_from_same == 0 && in_place_fine);
+    if (source_first >= 0 || result_first >= 0) return ListPair::safe;
+    // A source may reach further than the result at its place.
+    const bool reaches_further = extent_s > extent_d && !all_s.ascends;
+    return apart_from_same == 0 && in_place_fine && !reaches_further ? ListPair::in_place : ListPair::in_doubt;
 }
 
 // Do different objects of a structure of arrays stay out of each other's way within a group?
@@ -293,18 +299,22 @@ void settle_pairs(const LanePlan &plan, int i, Settled settled) {
 bool lists_are_in_doubt(const LanePlan &plan) {
     if (!plan.lists_are_seen) {
         plan.lists_are_seen = true;
+        bool in_place = false;
         for (int i = 0; i < plan.results; ++i) {
             const LaneOperand &d = plan.result[i];
             const Span all_d = span(d, plan.count);
             if (all_d.ascends) plan.doubts &= ~doubt_alone(i);
             else if (i == 0) plan.alone = {addresses(d), strided_extent(d)};
             settle_pairs(plan, i, [&](const LaneSource &source) {
-                return list_pair_is_safe(source.operand, d, all_d, fine_in_place(source, d), plan.count);
+                const ListPair found = look_at_pair(source.operand, d, all_d, fine_in_place(source, d), plan.count);
+                in_place = in_place || found == ListPair::in_place;
+                return found != ListPair::in_doubt;
             });
         }
         if (plan.doubts == 0) plan.verdict = Verdict::always;
-        // Of several results, or with other doubts, the list is one thing to look at among others.
-        if (plan.doubts != doubt_alone(0)) plan.alone = {};
+        // Of several results, or with other doubts, the list is one thing to look at among others. In place, a result
+        // that meets another one meets that one's source, which no order of the stores makes up for.
+        if (plan.doubts != doubt_alone(0) || in_place) plan.alone = {};
     }
     return plan.doubts != 0;
 }
@@ -404,7 +414,7 @@ void settle_same_objects(const LanePlan &plan) {
         settle_pairs(plan, i, [&](const LaneSource &source) {
             const LaneOperand &s = source.operand;
             if (s.addressing != Addressing::list || d.addressing != Addressing::list)
-                return list_pair_is_safe(s, d, span(d, plan.count), false, plan.count);
+                return look_at_pair(s, d, span(d, plan.count), false, plan.count) == ListPair::safe;
             return (same_addresses(s, d) && fine_in_place(source, d)) ||
                    SMX_ON_LANES(lists_apart, addresses(s), addresses(d), plan.count,
                                 strided_extent(s) + s.shift - d.shift, strided_extent(d) + d.shift - s.shift);
