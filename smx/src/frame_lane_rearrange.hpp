@@ -143,14 +143,17 @@ template <class T, int L, By by = usual_way>
         using H = Halves<T, L>;
         constexpr int half = L / 2;
         Pack<T> even[half], odd[half], result[half];
+#pragma GCC unroll 6
         for (int k = 0; k < half; ++k) {
             const Pack<T> two[2] = {in[k], in[k + half]};
             rearrange<T, typename H::template Split<0>, 1, 2>(two, even + k);
             rearrange<T, typename H::template Split<1>, 1, 2>(two, odd + k);
         }
         rearrange<T, typename H::TakeApart, half, half, by>(even, result);
+#pragma GCC unroll 6
         for (int k = 0; k < half; ++k) out[2 * k] = result[k];
         rearrange<T, typename H::TakeApart, half, half, by>(odd, result);
+#pragma GCC unroll 6
         for (int k = 0; k < half; ++k) out[2 * k + 1] = result[k];
     } else {
         rearrange<T, TakeApart<T, L>, L, L, by>(in, out);
@@ -162,10 +165,13 @@ template <class T, int L, By by = usual_way>
         using H = Halves<T, L>;
         constexpr int half = L / 2;
         Pack<T> even[half], odd[half], source[half];
+#pragma GCC unroll 6
         for (int k = 0; k < half; ++k) source[k] = in[2 * k];
         rearrange<T, typename H::PutTogether, half, half, by>(source, even);
+#pragma GCC unroll 6
         for (int k = 0; k < half; ++k) source[k] = in[2 * k + 1];
         rearrange<T, typename H::PutTogether, half, half, by>(source, odd);
+#pragma GCC unroll 6
         for (int k = 0; k < half; ++k) {
             const Pack<T> two[2] = {even[k], odd[k]};
             rearrange<T, typename H::template Join<0>, 1, 2>(two, out + k);
@@ -186,6 +192,7 @@ template <class T, int L, By by = usual_way>
 template <class T, int L, By by = usual_way>
 [[gnu::always_inline]] inline void load_side_by_side(const Byte *from, Pack<T> *out) {
     Pack<T> in[L];
+#pragma GCC unroll 6
     for (int k = 0; k < L; ++k) in[k] = load_pack<T>(from + k * pack_bytes);
     take_apart<T, L, by>(in, out);
 }
@@ -193,6 +200,7 @@ template <class T, int L, By by = usual_way>
 [[gnu::always_inline]] inline void store_side_by_side(const Byte *to, const Pack<T> *in) {
     Pack<T> out[L];
     put_together<T, L, by>(in, out);
+#pragma GCC unroll 6
     for (int k = 0; k < L; ++k) store_pack(const_cast<Byte *>(to + k * pack_bytes), out[k]);
 }
 #else

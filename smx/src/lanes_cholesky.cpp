@@ -13,8 +13,8 @@ template <class T, int N>
 struct LowerAccess {
     using Num = Pack<T>;
     using Access = LaneAccess<T, N, N>;
-    const Access all;
-    explicit LowerAccess(const LaneOperand &operand) : all(operand) {}
+    const Access &all;
+    explicit LowerAccess(const Access &access) : all(access) {}
 
     template <int i = 0>
     [[gnu::always_inline]] void load_rows(const Byte *const *rows, CholeskyFactor<Num, N> &factor) const {
@@ -62,37 +62,87 @@ struct LowerAccess {
     }
 };
 
+// The lower triangle of dense objects, object after object: row i is the run of i + 1 elements from i * N on.
+template <class T, int N, int i = 0, int j = 0, class Rows, class... Earlier>
+[[gnu::always_inline]] inline void store_lower_rows(const Rows &rows, const Pack<T> *all, const Earlier &...earlier) {
+    if constexpr (i == N) {
+        each_row(
+            rows, 0, std::make_integer_sequence<int, Pack<T>::width>{},
+            [&]<int l>(const Byte *object, Fixed<l>)
+                __attribute__((always_inline)) { (earlier.template store<l>(object), ...); });
+    } else {
+        constexpr Piece piece = piece_from<T, i + 1>(j, stores_long_chunks);
+        constexpr bool last = piece.next == i + 1;
+        const Outgoing<T, Piece{i * N + piece.first, piece.elements, 0}> outgoing(all);
+        store_lower_rows<T, N, last ? i + 1 : i, last ? 0 : piece.next>(rows, all, earlier..., outgoing);
+    }
+}
+
+// Objects of a layout that is known are loaded whole, which nobody can tell: their first and their last element are of
+// the lower triangle.
+template <class T, int N, class Matrices>
+[[gnu::always_inline]] inline void load_lower(const Matrices &matrices, int n, CholeskyFactor<Pack<T>, N> &factor) {
+    if constexpr (requires { matrices.rows(n); }) matrices.load(n, &factor.row[0][0]);
+    else LowerAccess<T, N>(matrices.access).load(n, factor);
+}
+template <class T, int N, class Matrices>
+[[gnu::always_inline]] inline void store_lower(const Matrices &matrices, int n,
+                                               const CholeskyFactor<Pack<T>, N> &factor) {
+    if constexpr (requires { matrices.rows(n); }) store_lower_rows<T, N>(matrices.rows(n), &factor.row[0][0]);
+    else LowerAccess<T, N>(matrices.access).store(n, factor);
+}
+
+// Calls each_group_by() for small objects, of which the way of the loads is a large part.
+template <class T, int N, class Body, class... Operands>
+[[gnu::always_inline]] inline int each_small_group(const LanePlan &plan, int first, Body body,
+                                                   const Operands &...operands) {
+    using enum Known;
+    if constexpr (N <= 4) return each_group_by<T, packed, strided, listed>(plan, first, body, operands...);
+    else return each_group_by<T>(plan, first, body, operands...);
+}
+
 template <class T, int N>
 SMX_LANE_LOOP int decompose(const LanePlan &plan, T bound, int first) {
     using Num = Pack<T>;
-    const LowerAccess<T, N> src(plan.source[0].operand), dst(plan.result[0]);
-    return each_group<T>(plan, first, [&](int n) {
+    const LaneAccess<T, N, N> src(plan.source[0].operand), dst(plan.result[0]);
+    const auto body = [&](int n, const auto &from, const auto &to) {
         CholeskyFactor<Num, N> factor;
         Failure<Num> failure;
-        src.load(n, factor);
+        load_lower<T, N>(from, n, factor);
         factor.decompose(failure, [&](Num radicand, int) { return !(radicand > bound); });
         if (failure.any()) return false;
-        dst.store(n, factor);
+        store_lower<T, N>(to, n, factor);
         return true;
-    });
+    };
+    return each_small_group<T, N>(plan, first, body, src, dst);
 }
 
 template <class T, int N>
 SMX_LANE_LOOP int solve(const LanePlan &plan, int first) {
     using Num = Pack<T>;
-    const LowerAccess<T, N> matrix(plan.source[0].operand);
+    const LaneAccess<T, N, N> matrices(plan.source[0].operand);
     const LaneAccess<T, 1, N> rhs(plan.source[1].operand), dst(plan.result[0]);
-    CholeskyFactor<Num, N> factor;
-    const bool single = plan.source[0].operand.single;
-    if (single) matrix.load(0, factor);
-    return each_group<T>(plan, first, [&](int n) {
+    if (matrices.o.single) {
+        CholeskyFactor<Num, N> factor;
+        LowerAccess<T, N>(matrices).load(0, factor);
+        return each_group<T>(plan, first, [&](int n) {
+            Num x[N];
+            rhs.load(n, x);
+            factor.solve(x);
+            dst.store(n, x);
+            return true;
+        });
+    }
+    const auto body = [](int n, const auto &factors, const auto &from, const auto &to) {
+        CholeskyFactor<Num, N> factor;
         Num x[N];
-        if (!single) matrix.load(n, factor);
-        rhs.load(n, x);
+        load_lower<T, N>(factors, n, factor);
+        from.load(n, x);
         factor.solve(x);
-        dst.store(n, x);
+        to.store(n, x);
         return true;
-    });
+    };
+    return each_small_group<T, N>(plan, first, body, matrices, rhs, dst);
 }
 
 } // namespace

@@ -109,7 +109,7 @@ SMX_LANE_LOOP int decompose(const LanePlan &plan, int *pivots, int first) {
         return true;
     };
     using enum Known;
-    if constexpr (N <= 4) return each_group_by<T, packed, strided, listed, planes>(plan, first, body, src, dst);
+    if constexpr (N <= 5) return each_group_by<T, packed, strided, listed, planes>(plan, first, body, src, dst);
     else return each_group_by<T, packed, planes>(plan, first, body, src, dst);
 }
 
