@@ -239,7 +239,8 @@ TYPED_TEST(Eigen, EveryFormHasTheBitsOfTheModelAlsoWhereItStops) {
                 second.memory.assign(before[1].begin(), before[1].end());
 
                 const Threads set(c.threads);
-                const Just b{buffer.data()}, side{n}, count{c.count};
+                const Just b{buffer.data()};
+                const Just side{n}, count{c.count};
                 for (int k = 0; k < (c.array ? 1 : c.count); ++k) {
                     const Just x{re.data() + k * n}, y{im.data() + k * n};
                     const One s{src, k}, v{first, k}, w{second, k};

@@ -192,7 +192,8 @@ TYPED_TEST(EigenSym, EveryFormHasTheBitsOfTheModelAlsoWhereItStops) {
                 z.memory.assign(before.begin(), before.end());
 
                 const Threads set(c.threads);
-                const Just b{buffer.data()}, side{n}, count{c.count};
+                const Just b{buffer.data()};
+                const Just side{n}, count{c.count};
                 if (c.array) {
                     const Just v{values.data()};
                     ASSERT_TRUE(

@@ -178,7 +178,8 @@ TYPED_TEST(QR, FactorsHaveTheBitsOfTheReferenceAlsoWhereTheyStop) {
                     const auto [status, memory] =
                         call.expected(dst.memory, [&](int o) { return decompose(src, dst, o); });
                     Buffer<T> buffer(h);
-                    const Just scratch{buffer.data()}, width{w}, height{h};
+                    const Just scratch{buffer.data()};
+                    const Just width{w}, height{h};
                     const Threads set(call.threads);
                     const SmxStatus found =
                         call.array
@@ -212,7 +213,8 @@ TYPED_TEST(QR, SolutionsHaveTheBitsOfTheReference) {
                 const auto memory =
                     call.expected(x.memory, [&, each](int o) { return solve(f, each ? o : 0, b, x, o); }).second;
                 Buffer<T> buffer(h);
-                const Just scratch{buffer.data()}, width{w}, height{h}, count{call.count};
+                const Just scratch{buffer.data()};
+                const Just width{w}, height{h}, count{call.count};
                 const Threads set(call.threads);
                 const SmxStatus found =
                     !call.array ? QRBackSubst_mv<T>(form, One{f}, scratch, One{b}, One{x}, width, height)
