@@ -321,7 +321,9 @@ void random_calls(unsigned seed, int calls) {
         const Shape shape = any_shape(member, chance);
         Call call(member, shape);
         std::string text = std::to_string(k);
-        if (may_take_any_values(member, shape.size)) text += any_overlaps(member, shape, call, chance);
+        // Elements across elements would show the sign of a not-a-number, which is the compiler's choice.
+        if (may_take_any_values(member, shape.size) && shape.nudge == 0)
+            text += any_overlaps(member, shape, call, chance);
         report(member, shape, text.c_str(), call);
     }
 }
