@@ -167,7 +167,7 @@ SMX_API SmxStatus smxLUBackSubst_mava_64f_L(const double *const *src1, int src1R
  * Golub and C. F. Van Loan, Matrix Computations, the algorithm for L by rows).
  *
  *   Codes      m: one matrix; no suffix, _P. ma: an array; no suffix, _P, _L.
- *   src, dst   n by n. Only lower triangles with the diagonal are read and written: symmetry is not tested, and the
+ *   src, dst   n by n. Only lower triangles with the diagonal are used and written: symmetry is not tested, and the
  *              upper triangle of dst keeps what it held. dst[i][j] = L[i][j] for j < i, dst[i][i] = 1 / L[i][i].
  *   Order      from an element of src its products are subtracted one by one, in rising order of their columns.
  *   Strides    in bytes, positive multiples of the element size; see smx.h.
