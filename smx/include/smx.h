@@ -19,10 +19,10 @@
  *           A vector's element j has no row part: base + n * stride0 + j * stride2, table[j] + ..., list[n] + ... +
  *           j * stride2. A pointer table has one entry for every element of one object, row by row. A list has one
  *           entry for each object; one that it names twice is processed twice, in order. A single operand has no
- *           stride0 and, in a list function, no list: it stays in the standard layout. A transposed operand is stored as
- *           it is and read with its indexes exchanged, so its stride1 and its table belong to the stored rows. Strides
- *           are compared with nothing but the element size: objects, rows and elements may interleave, and an array may
- *           be a field of an array of structures.
+ *           stride0 and, in a list function, no list: it stays in the standard layout. A transposed operand is stored
+ *           as it is and read with its indexes exchanged, so its stride1 and its table belong to the stored rows.
+ *           Strides are compared with nothing but the element size: objects, rows and elements may interleave, and an
+ *           array may be a field of an array of structures.
  *
  *           All strides must be positive multiples of the element size, shifts multiples of it and not negative, sizes
  *           and counts at least 1. No pointer inside a table or a list is tested. In C, declare the tables and lists of
