@@ -455,23 +455,23 @@ struct Outgoing {
         registers.template store<l>(run + piece.first * static_cast<std::ptrdiff_t>(sizeof(T)));
     }
 };
+template <class T, class Rows, class... Pieces>
+[[gnu::always_inline]] inline void store_pieces(const Rows &rows, std::ptrdiff_t offset, const Pieces &...pieces) {
+    each_row(
+        rows, offset, std::make_integer_sequence<int, Pack<T>::width>{},
+        [&]<int l>(const Byte *run, Fixed<l>) __attribute__((always_inline)) { (pieces.template store<l>(run), ...); });
+}
 // Piece after piece, or, in order, object after object: then all pieces have to be in registers at once.
 template <class T, int L, bool in_order = false, int first = 0, class Rows, class... Earlier>
 [[gnu::always_inline]] inline void store_run(const Rows &rows, std::ptrdiff_t offset, const Pack<T> *in,
                                              const Earlier &...earlier) {
-    [[maybe_unused]] const auto store_all = [&](const auto &...pieces) __attribute__((always_inline)) {
-        each_row(
-            rows, offset, std::make_integer_sequence<int, Pack<T>::width>{},
-            [&]<int l>(const Byte *run, Fixed<l>)
-                __attribute__((always_inline)) { (pieces.template store<l>(run), ...); });
-    };
     if constexpr (first == L) {
-        if constexpr (in_order) store_all(earlier...);
+        if constexpr (in_order) store_pieces<T>(rows, offset, earlier...);
     } else {
         constexpr Piece piece = piece_from<T, L>(first, stores_long_chunks);
         const Outgoing<T, piece> outgoing(in);
         if constexpr (!in_order) {
-            store_all(outgoing);
+            store_pieces<T>(rows, offset, outgoing);
             store_run<T, L, false, piece.next>(rows, offset, in);
         } else {
             store_run<T, L, true, piece.next>(rows, offset, in, earlier..., outgoing);

@@ -66,10 +66,7 @@ struct LowerAccess {
 template <class T, int N, int i = 0, int j = 0, class Rows, class... Earlier>
 [[gnu::always_inline]] inline void store_lower_rows(const Rows &rows, const Pack<T> *all, const Earlier &...earlier) {
     if constexpr (i == N) {
-        each_row(
-            rows, 0, std::make_integer_sequence<int, Pack<T>::width>{},
-            [&]<int l>(const Byte *object, Fixed<l>)
-                __attribute__((always_inline)) { (earlier.template store<l>(object), ...); });
+        store_pieces<T>(rows, 0, earlier...);
     } else {
         constexpr Piece piece = piece_from<T, i + 1>(j, stores_long_chunks);
         constexpr bool last = piece.next == i + 1;
