@@ -286,11 +286,65 @@ struct ChunkOut {
 };
 #endif
 
-// 32 bytes of each of W rows of doubles, for half the loads and stores of two chunks. Four lanes are as soon loaded in
-// chunks.
+// 32 bytes of each of W rows, for half the loads and stores of two chunks. In registers of 32 bytes, that is worth it
+// only for stores of doubles.
+template <class T>
+constexpr bool loads_long_chunks = pack_bytes > 32;
+template <class T>
+constexpr bool stores_long_chunks = pack_bytes > 32 || (pack_bytes > 16 && sizeof(T) == 8);
+template <class T>
+struct LongChunkIn;
+template <class T>
+struct LongChunkOut;
 #if defined(__AVX512F__)
-constexpr bool loads_long_chunks = true;
-struct LongChunkIn {
+template <>
+struct LongChunkIn<float> {
+    static constexpr int registers = 8;
+    Wide x[2][4]; // objects k and k + 4, and k + 8 and k + 12
+    template <int l>
+    [[gnu::always_inline]] void take(const Byte *from) {
+        Wide &two = x[l / 8][l % 4];
+        const __m256 part = _mm256_loadu_ps(reinterpret_cast<const float *>(from));
+        if constexpr (l % 8 < 4) two = _mm512_castps256_ps512(part);
+        else two = _mm512_insertf32x8(two, part, 1);
+    }
+    [[gnu::always_inline]] void finish(Pack<float> *out) {
+        transpose_parts(x[0]);
+        transpose_parts(x[1]);
+#pragma GCC unroll 4
+        for (int c = 0; c < 4; ++c) {
+            out[c].v = reinterpret_cast<Pack<float>::Vector>(_mm512_shuffle_f32x4(x[0][c], x[1][c], 0x88));
+            out[c + 4].v = reinterpret_cast<Pack<float>::Vector>(_mm512_shuffle_f32x4(x[0][c], x[1][c], 0xdd));
+        }
+    }
+};
+template <>
+struct LongChunkOut<float> {
+    Wide x[2][4];
+    [[gnu::always_inline]] explicit LongChunkOut(const Pack<float> *in) {
+        using V = Pack<float>::Vector;
+#pragma GCC unroll 4
+        for (int c = 0; c < 4; ++c) {
+            const V a = in[c].v, b = in[c + 4].v;
+            x[0][c] = reinterpret_cast<Wide>(
+                __builtin_shufflevector(a, b, 0, 1, 2, 3, 16, 17, 18, 19, 4, 5, 6, 7, 20, 21, 22, 23));
+            x[1][c] = reinterpret_cast<Wide>(
+                __builtin_shufflevector(a, b, 8, 9, 10, 11, 24, 25, 26, 27, 12, 13, 14, 15, 28, 29, 30, 31));
+        }
+        transpose_parts(x[0]);
+        transpose_parts(x[1]);
+    }
+    template <int l>
+    [[gnu::always_inline]] void store(const Byte *to) const {
+        const Wide two = x[l / 8][l % 4];
+        __m256 part;
+        if constexpr (l % 8 < 4) part = _mm512_castps512_ps256(two);
+        else part = _mm512_extractf32x8_ps(two, 1);
+        _mm256_storeu_ps(reinterpret_cast<float *>(const_cast<Byte *>(to)), part);
+    }
+};
+template <>
+struct LongChunkIn<double> {
     using V = Pack<double>::Vector;
     static constexpr int registers = 4;
     V x[4]; // objects 0 and 2, 1 and 3, 4 and 6, 5 and 7
@@ -312,13 +366,10 @@ struct LongChunkIn {
                 __builtin_shufflevector(x[2], x[3], 1, 9, 3, 11, 5, 13, 7, 15), 1);
     }
 };
-#else
-constexpr bool loads_long_chunks = false;
-struct LongChunkIn;
 #endif
 #if defined(__AVX2__)
-constexpr bool stores_long_chunks = true;
-struct LongChunkOut {
+template <>
+struct LongChunkOut<double> {
     using V = Pack<double>::Vector;
     V x[4];
 #if defined(__AVX512F__)
@@ -357,9 +408,6 @@ struct LongChunkOut {
     }
 #endif
 };
-#else
-constexpr bool stores_long_chunks = false;
-struct LongChunkOut;
 #endif
 
 // One element of each of the W rows, each at its own address. Not by way of an array in memory: a vector load right
@@ -399,7 +447,7 @@ struct Piece {
 template <class T, int L>
 constexpr Piece piece_from(int first, bool long_chunks) {
     constexpr int K = chunk_elements<T>;
-    const int longest = long_chunks && sizeof(T) == 8 ? 2 * K : K;
+    const int longest = long_chunks ? 2 * K : K;
     if (first + longest <= L) return {first, longest, first + longest};
     if (longest > K && L > longest && first + longest - 1 == L) return {L - longest, longest, L};
     if (first + K <= L) return {first, K, first + K};
@@ -415,7 +463,8 @@ template <class Rows, int... l, class Each>
 
 template <class T, Piece piece>
 struct Incoming {
-    using Registers = std::conditional_t<(piece.elements > chunk_elements<T>), LongChunkIn, ChunkIn<T, piece.elements>>;
+    using Registers =
+        std::conditional_t<(piece.elements > chunk_elements<T>), LongChunkIn<T>, ChunkIn<T, piece.elements>>;
     static constexpr int registers = Registers::registers;
     Registers in;
     template <int l>
@@ -438,7 +487,7 @@ template <class T, int L, int first = 0, class Rows, class... Earlier>
         (earlier.finish(out), ...);
         if constexpr (first < L) load_run<T, L, first>(rows, offset, out);
     } else {
-        constexpr Piece piece = piece_from<T, L>(first, loads_long_chunks);
+        constexpr Piece piece = piece_from<T, L>(first, loads_long_chunks<T>);
         Incoming<T, piece> incoming;
         load_run<T, L, piece.next>(rows, offset, out, earlier..., incoming);
     }
@@ -447,7 +496,7 @@ template <class T, int L, int first = 0, class Rows, class... Earlier>
 template <class T, Piece piece>
 struct Outgoing {
     using Registers =
-        std::conditional_t<(piece.elements > chunk_elements<T>), LongChunkOut, ChunkOut<T, piece.elements>>;
+        std::conditional_t<(piece.elements > chunk_elements<T>), LongChunkOut<T>, ChunkOut<T, piece.elements>>;
     Registers registers;
     [[gnu::always_inline]] explicit Outgoing(const Pack<T> *in) : registers(in + piece.first) {}
     template <int l>
@@ -468,7 +517,7 @@ template <class T, int L, bool in_order = false, int first = 0, class Rows, clas
     if constexpr (first == L) {
         if constexpr (in_order) store_pieces<T>(rows, offset, earlier...);
     } else {
-        constexpr Piece piece = piece_from<T, L>(first, stores_long_chunks);
+        constexpr Piece piece = piece_from<T, L>(first, stores_long_chunks<T>);
         const Outgoing<T, piece> outgoing(in);
         if constexpr (!in_order) {
             store_pieces<T>(rows, offset, outgoing);

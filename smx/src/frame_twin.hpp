@@ -57,6 +57,21 @@ inline Twin<double> widened(Pack<float> x) {
     const DoubleHalves halves = widen(x);
     return {halves.low, halves.high};
 }
+// sum + x x where the elements were floats: such squares are exact, so that fusing rounds as often, and to the same bits.
+inline Pack<double> plus_exact_square(Pack<double> sum, Pack<double> x) {
+#if defined(__AVX512F__)
+    const auto raw = [](Pack<double> p) { return reinterpret_cast<__m512d>(p.v); };
+    return reinterpret_cast<Pack<double>::Vector>(_mm512_fmadd_pd(raw(x), raw(x), raw(sum)));
+#elif defined(__FMA__)
+    const auto raw = [](Pack<double> p) { return reinterpret_cast<__m256d>(p.v); };
+    return reinterpret_cast<Pack<double>::Vector>(_mm256_fmadd_pd(raw(x), raw(x), raw(sum)));
+#else
+    return sum + x * x;
+#endif
+}
+inline Twin<double> plus_exact_square(Twin<double> sum, Twin<double> x) {
+    return {plus_exact_square(sum.a, x.a), plus_exact_square(sum.b, x.b)};
+}
 inline Pack<double> narrowed(Pack<double> x) {
     return x;
 }

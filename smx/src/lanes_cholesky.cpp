@@ -68,7 +68,7 @@ template <class T, int N, int i = 0, int j = 0, class Rows, class... Earlier>
     if constexpr (i == N) {
         store_pieces<T>(rows, 0, earlier...);
     } else {
-        constexpr Piece piece = piece_from<T, i + 1>(j, stores_long_chunks);
+        constexpr Piece piece = piece_from<T, i + 1>(j, stores_long_chunks<T>);
         constexpr bool last = piece.next == i + 1;
         const Outgoing<T, Piece{i * N + piece.first, piece.elements, 0}> outgoing(all);
         store_lower_rows<T, N, last ? i + 1 : i, last ? 0 : piece.next>(rows, all, earlier..., outgoing);

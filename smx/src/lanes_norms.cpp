@@ -15,18 +15,22 @@ SMX_LANE_LOOP int norm(const LanePlan &plan, bool cuts_off, int first) {
     const LaneAccess<T, R, C> src(plan.source[0].operand);
     const LaneAccess<T, 1, 1> dst(plan.result[0]);
     const auto body = [&](int n, const auto &from, const auto &to) {
+        const auto plus_square = [](auto sum, Pack<T> x) __attribute__((always_inline)) {
+            const auto wide = widened(x);
+            if constexpr (sizeof(T) == sizeof(float)) return plus_exact_square(sum, wide);
+            else return sum + wide * wide;
+        };
+        decltype(widened(Pack<T>())) sum(0.0);
         Pack<T> x[E];
         from.load(n, x);
         const auto square = [&](int e) {
             const auto wide = widened(x[e]);
             return wide * wide;
         };
-        auto sum = square(0);
-        if constexpr (pairs) sum = sum + square(1);
 #pragma GCC unroll 36
-        for (int e = pairs ? 2 : 1; e < E; e += pairs ? 2 : 1)
-            if constexpr (pairs) sum = sum + (e + 1 < E ? square(e) + square(e + 1) : square(e));
-            else sum = sum + square(e);
+        for (int e = 0; e < E; e += pairs ? 2 : 1)
+            if constexpr (pairs) sum = sum + (e + 1 < E ? plus_square(square(e), x[e + 1]) : square(e));
+            else sum = plus_square(sum, x[e]);
         const Pack<T> root = narrowed(norm_of<T>(sum, cuts_off));
         to.store(n, &root);
         return true;
