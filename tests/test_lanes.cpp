@@ -41,7 +41,7 @@ void expect_same(const std::vector<std::string> &expected, const std::vector<std
 TEST(Lanes, EveryInstructionSetGivesTheBitsOfOneAfterTheOther) {
     const std::vector<std::string> sequential = lines_of("SMX_ISA=sequential", "");
     ASSERT_GT(sequential.size(), 1000u) << sequential.back();
-    for (const char *set : {"baseline", "avx2", "widest"}) {
+    for (const char *set : {"baseline", "avx2", "split", "whole"}) {
         SCOPED_TRACE(set);
         expect_same(sequential, lines_of(std::string("SMX_ISA=") + set, ""));
     }
@@ -52,7 +52,7 @@ TEST(Lanes, CallsLeftToChanceGiveTheBitsOfOneAfterTheOther) {
     const std::string calls = "--random 20261124 50000";
     const std::vector<std::string> sequential = lines_of("SMX_ISA=sequential", calls);
     ASSERT_EQ(sequential.size(), 50000u) << sequential.back();
-    for (const char *set : {"baseline", "avx2", "widest"}) {
+    for (const char *set : {"baseline", "avx2", "split", "whole"}) {
         SCOPED_TRACE(set);
         expect_same(sequential, lines_of(std::string("SMX_ISA=") + set, calls));
     }
@@ -131,6 +131,6 @@ TEST(Lanes, ObjectsThatGoDownAreTakenOneAfterTheOther) {
 }
 
 TEST(Lanes, NothingOutsideTheOperandsIsTouched) {
-    for (const char *set : {"sequential", "baseline", "avx2", "widest"})
+    for (const char *set : {"sequential", "baseline", "avx2", "split", "whole"})
         EXPECT_EQ(lines_of(std::string("SMX_ISA=") + set, "--guard"), std::vector<std::string>{"guarded\n"}) << set;
 }

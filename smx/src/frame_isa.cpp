@@ -22,11 +22,7 @@ InstructionSet widest() {
     return InstructionSet::baseline;
 }
 
-InstructionSet chosen() {
-    const InstructionSet limit = widest();
-    const char *const name = getenv("SMX_ISA");
-    if (name == nullptr) return limit;
-    // "avx512", like any other name, is the widest there is.
+InstructionSet limited(InstructionSet limit, const char *name) {
     static constexpr struct {
         const char *name;
         InstructionSet set;
@@ -38,12 +34,27 @@ InstructionSet chosen() {
     return limit;
 }
 
+bool splits_wide_registers(const char *name) {
+    if (strcmp(name, "split") == 0) return true;
+    if (strcmp(name, "whole") == 0) return false;
+#ifdef SMX_WIDE_LANES
+    return __builtin_cpu_is("amdfam19h");
+#else
+    return false;
+#endif
+}
+
 } // namespace
 
 int instruction_set_found = -1;
+bool splits_registers_found = false;
 
 InstructionSet find_instruction_set() {
-    const InstructionSet found = chosen();
+    // "split" and "whole" are the widest set, as on processors that split registers or do not; so is any other name, as
+    // on this processor.
+    const char *const variable = getenv("SMX_ISA"), *const name = variable != nullptr ? variable : "";
+    const InstructionSet found = limited(widest(), name);
+    __atomic_store_n(&splits_registers_found, splits_wide_registers(name), __ATOMIC_RELAXED);
     __atomic_store_n(&instruction_set_found, static_cast<int>(found), __ATOMIC_RELAXED);
     return found;
 }

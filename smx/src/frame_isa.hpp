@@ -15,6 +15,7 @@ namespace smx {
 enum class InstructionSet { sequential = 0, baseline = 1, avx2 = 2, avx512 = 3 };
 
 extern int instruction_set_found; // or negative
+extern bool splits_registers_found;
 InstructionSet find_instruction_set();
 
 inline namespace SMX_ISA {
@@ -24,6 +25,11 @@ inline namespace SMX_ISA {
 inline InstructionSet instruction_set() {
     const int found = __atomic_load_n(&instruction_set_found, __ATOMIC_RELAXED);
     return found >= 0 ? static_cast<InstructionSet>(found) : find_instruction_set();
+}
+// Does the processor do in two steps what is done to registers of 64 bytes? Known once the set has been found; a matter
+// of speed alone.
+inline bool splits_registers() {
+    return __atomic_load_n(&splits_registers_found, __ATOMIC_RELAXED);
 }
 // Bytes of one vector register of the chosen set.
 inline int lane_bytes() {

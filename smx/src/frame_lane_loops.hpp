@@ -194,12 +194,13 @@ template <class T, int L, class F, class... Starts>
         std::memcpy(const_cast<Byte *>(d + (k == vectors - 1 ? bytes - wide : k * wide)), &result[k], wide);
 }
 
-// Runs are left to a narrower set where small steps are faster. 64 bytes are better than 32 only in the first cache;
-// beyond, they wait for the stores where the operands lie an unlucky distance apart. Through memory, the processor
-// fetches further ahead of 16.
+// Runs are left to a narrower set where small steps are faster: split registers beyond the first cache, where 64 bytes
+// wait for the stores if the operands lie an unlucky distance apart. Through memory, the processor fetches further
+// ahead of 16.
 constexpr std::ptrdiff_t near_bytes = 48 << 10; // of all operands
-constexpr bool leaves_run(std::ptrdiff_t bytes, int operands) {
-    return pack_bytes > 32 ? operands * bytes > near_bytes : pack_bytes > 16 && bytes >= far_bytes;
+inline bool leaves_run(std::ptrdiff_t bytes, int operands) {
+    const bool steps_are_halves = pack_bytes > 32 && splits_registers();
+    return pack_bytes > 16 && (bytes >= far_bytes || (steps_are_halves && operands * bytes > near_bytes));
 }
 
 // `bytes` of adjacent elements, whatever objects they belong to. apply(x...) is given packs or single elements.
@@ -218,8 +219,8 @@ template <class T, class F, class... Sources>
     constexpr int worth_aligning = 16 * pack_bytes;
     std::ptrdiff_t e = 0;
     if (bytes >= worth_aligning) e = one_by_one(e, -reinterpret_cast<std::intptr_t>(d) & (pack_bytes - 1));
-    // Beyond the first cache, a line that will be stored is asked for a little ahead: sums are 3 % faster.
-    const bool beyond = (static_cast<std::ptrdiff_t>(sizeof...(from)) + 1) * bytes > near_bytes;
+    // Beyond the first cache, steps of 32 bytes are 3 % faster if a line that will be stored is asked for a little ahead.
+    const bool beyond = pack_bytes <= 32 && (static_cast<std::ptrdiff_t>(sizeof...(from)) + 1) * bytes > near_bytes;
 #pragma GCC unroll 1
     for (; e + four <= bytes; e += four) {
         if (beyond) __builtin_prefetch(d + e + 2 * four, 1);

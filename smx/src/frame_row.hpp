@@ -88,47 +88,70 @@ using Row = RowInParts<T, N>;
 #endif
 
 // Several rows of an object without gaps in one register: row p of the second operand, repeated in each row of the
-// register, times column p of the first, each element repeated along its row. Only of floats: to repeat doubles takes
-// longer than to load each anew.
+// register, times column p of the first, each element repeated along its row. On processors that split registers, those
+// of 64 bytes are slower than the 32-byte set.
 template <class T, int N, bool listed = false>
 struct Together {
     static constexpr bool exists = false;
 };
 #if defined(__AVX2__)
-// In halves also with AVX-512: processors that split registers of 64 bytes take a fifth longer for them, here.
-template <bool listed>
-struct Together<float, 4, listed> {
+#if defined(__AVX512F__)
+inline __m512 repeated(const float *four) {
+    return _mm512_broadcast_f32x4(_mm_loadu_ps(four));
+}
+inline __m512d repeated(const double *four) {
+    return _mm512_broadcast_f64x4(_mm256_loadu_pd(four));
+}
+#else
+inline __m256 repeated(const float *four) {
+    return _mm256_broadcast_ps(reinterpret_cast<const __m128 *>(four));
+}
+#endif
+template <class T>
+struct FoursTogether {
     static constexpr bool exists = true, masked = false;
-    static constexpr int bytes = 32;
-    using V = __m256;
-    static V load(const Byte *from) { return _mm256_loadu_ps(reinterpret_cast<const float *>(from)); }
-    static void store(const Byte *to, V v) { _mm256_storeu_ps(reinterpret_cast<float *>(const_cast<Byte *>(to)), v); }
-    template <int p>
-    static V column(V x) {
-        return _mm256_permute_ps(x, 0x55 * p);
+    static constexpr int bytes = pack_bytes;
+    using V = typename Pack<T>::Vector;
+    static V load(const Byte *from) { return load_pack<T>(from).v; }
+    static void store(const Byte *to, V v) { store_pack(const_cast<Byte *>(to), Pack<T>(v)); }
+    template <int p, int... l>
+    static V column(V x, std::integer_sequence<int, l...>) {
+        return __builtin_shufflevector(x, x, (l / 4 * 4 + p)...);
     }
     V second[4];
-    explicit Together(const Byte *b) {
+    explicit FoursTogether(const Byte *b) {
 #pragma GCC unroll 4
-        for (int p = 0; p < 4; ++p) second[p] = _mm256_broadcast_ps(reinterpret_cast<const __m128 *>(b + 16 * p));
+        for (int p = 0; p < 4; ++p) second[p] = repeated(reinterpret_cast<const T *>(b) + 4 * p);
     }
+    static constexpr auto lanes = std::make_integer_sequence<int, Pack<T>::width>{};
     template <bool from_zero>
     V sum(V x) const {
-        V sum = column<0>(x) * second[0];
+        V sum = column<0>(x, lanes) * second[0];
         if (from_zero) sum = V{} + sum;
-        sum = sum + column<1>(x) * second[1];
-        sum = sum + column<2>(x) * second[2];
-        return sum + column<3>(x) * second[3];
+        sum = sum + column<1>(x, lanes) * second[1];
+        sum = sum + column<2>(x, lanes) * second[2];
+        return sum + column<3>(x, lanes) * second[3];
     }
     template <bool from_zero>
     void product(const Byte *a, const Byte *d) const {
-        const V upper = sum<from_zero>(load(a)), lower = sum<from_zero>(load(a + bytes));
-        store(d, upper);
-        store(d + bytes, lower);
+        constexpr int registers = 16 * static_cast<int>(sizeof(T)) / bytes;
+        V rows[registers];
+#pragma GCC unroll 2
+        for (int k = 0; k < registers; ++k) rows[k] = sum<from_zero>(load(a + k * bytes));
+#pragma GCC unroll 2
+        for (int k = 0; k < registers; ++k) store(d + k * bytes, rows[k]);
     }
+};
+template <bool listed>
+struct Together<float, 4, listed> : FoursTogether<float> {
+    using FoursTogether<float>::FoursTogether;
 };
 #endif
 #if defined(__AVX512F__)
+template <bool listed>
+struct Together<double, 4, listed> : FoursTogether<double> {
+    using FoursTogether<double>::FoursTogether;
+};
 // By masks, or for objects of lists in parts: see load_first().
 template <bool listed>
 struct Together<float, 3, listed> {

@@ -31,7 +31,8 @@ SMX_LANE_LOOP int invert(const LanePlan &plan, int first) {
     using Num = Pack<T>;
     const LaneAccess<T, N, N> src(plan.source[0].operand), dst(plan.result[0]);
     // To bring so little into the widest lanes and back takes longer than to compute half as many at once.
-    if (pack_bytes == 64 && N == 3 && sizeof(T) == 8 && !is_known(dst, Known::planes)) return first;
+    if (pack_bytes == 64 && N == 3 && sizeof(T) == 8 && splits_registers() && !is_known(dst, Known::planes))
+        return first;
     const auto body = [&](int n, const auto &from, const auto &to) {
         Num a[N][N], inverse[N][N];
         Cofactors<Num, N> cofactors;

@@ -44,6 +44,7 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
         const Byte *const single_second = b.o.single ? static_cast<const Byte *>(b.o.base) : nullptr;
         if constexpr (Together<T, N>::exists)
             if (a.way == Access::Way::rows && a.dense && b.dense && d.dense && !a.o.transposed) {
+                if (N == 4 && pack_bytes > 32 && splits_registers()) return first;
                 const auto whole = [&]<bool some_listed>(Fixed<some_listed>) __attribute__((always_inline)) {
                     using All = Together<T, N, some_listed>;
                     if (single_second != nullptr) {

@@ -108,18 +108,18 @@ int one_matrix_of_four(const LanePlan &plan, int first) {
         for (int i = 0; i < 4; ++i)
             columns[p * 4 + i] =
                 load_element<T>(matrix.o.transposed ? matrix.address(0, p, i) : matrix.address(0, i, p));
-    using Two = Together<T, 4>;
-    const Two all(reinterpret_cast<const Byte *>(columns));
+    using Some = Together<T, 4>;
+    const Some all(reinterpret_cast<const Byte *>(columns));
     const auto start = [](const LaneOperand &o) { return static_cast<const Byte *>(o.base); };
     const Byte *const b = start(plan.source[1].operand), *const c = start(plan.source[adds ? 2 : 1].operand);
     const Byte *const d = start(plan.result[0]);
     return each_group<T, 1, false, true>(plan, first, [&](int n) {
         const std::ptrdiff_t begin = std::ptrdiff_t{4 * size} * n;
 #pragma GCC unroll 8
-        for (std::ptrdiff_t e = begin; e < begin + 4 * pack_bytes; e += Two::bytes) {
-            auto sum = all.template sum<from_zero>(Two::load(b + e));
-            if constexpr (adds) sum = sum + Two::load(c + e);
-            Two::store(d + e, sum);
+        for (std::ptrdiff_t e = begin; e < begin + 4 * pack_bytes; e += Some::bytes) {
+            auto sum = all.template sum<from_zero>(Some::load(b + e));
+            if constexpr (adds) sum = sum + Some::load(c + e);
+            Some::store(d + e, sum);
         }
         return true;
     });
@@ -226,7 +226,9 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
     if (matrix.o.single) {
         const bool packed = vector.packed && added.packed && dst.packed;
         if constexpr (N == 4 && Together<T, N>::exists)
-            if (packed) return one_matrix_of_four<T, from_zero, adds>(plan, first);
+            if (packed)
+                return pack_bytes > 32 && splits_registers() ? first
+                                                             : one_matrix_of_four<T, from_zero, adds>(plan, first);
         if constexpr (N == 3 && rearranges)
             if (packed) return one_matrix_of_three<T, from_zero, adds>(plan, first);
         if (by_columns && (few_lanes || !packed || (sizeof(T) == 8 && N != 3)))
