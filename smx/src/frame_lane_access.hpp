@@ -194,24 +194,31 @@ struct Objects {
         else access.store_there(n, in);
     }
 };
-template <class T, int R, int C>
-struct Objects<Known::packed, T, R, C> {
+template <class T, int R, int C, template <class, int> class Registers>
+struct PackedObjects : Registers<T, R * C> {
     static constexpr int bytes = R * C * static_cast<int>(sizeof(T));
     static constexpr bool few = LaneAccess<T, R, C>::few;
     const Byte *base;
-    explicit Objects(const LaneAccess<T, R, C> &a) : base(static_cast<const Byte *>(a.o.base)) {}
+    explicit PackedObjects(const LaneAccess<T, R, C> &a, Registers<T, R *C> registers = {})
+        : Registers<T, R * C>(registers), base(static_cast<const Byte *>(a.o.base)) {}
     const Byte *group(int n) const { return base + std::ptrdiff_t{n} * bytes; }
     PackedRows<bytes> rows(int n) const { return {group(n)}; }
+    Pack<T> load_register(int n, int k) const { return Registers<T, R * C>::load(group(n), k); }
+    void store_register(int n, int k, Pack<T> x) const { Registers<T, R * C>::store(group(n), k, x); }
     [[gnu::always_inline]] void load(int n, Pack<T> *out) const {
-        if constexpr (R * C == 1) *out = load_pack<T>(group(n));
-        else if constexpr (few) load_side_by_side<T, R * C>(group(n), out);
+        if constexpr (R * C == 1) *out = load_register(n, 0);
+        else if constexpr (few) load_side_by_side<T, R * C, usual_way, Registers<T, R * C>>(group(n), out, *this);
         else load_run<T, R * C>(rows(n), 0, out);
     }
     [[gnu::always_inline]] void store(int n, const Pack<T> *in) const {
-        if constexpr (R * C == 1) store_pack(const_cast<Byte *>(group(n)), *in);
-        else if constexpr (few) store_side_by_side<T, R * C>(group(n), in);
+        if constexpr (R * C == 1) store_register(n, 0, *in);
+        else if constexpr (few) store_side_by_side<T, R * C, usual_way, Registers<T, R * C>>(group(n), in, *this);
         else store_run<T, R * C>(rows(n), 0, in);
     }
+};
+template <class T, int R, int C>
+struct Objects<Known::packed, T, R, C> : PackedObjects<T, R, C, WholeGroup> {
+    using PackedObjects<T, R, C, WholeGroup>::PackedObjects;
 };
 template <class T, int R, int C>
 struct Objects<Known::strided, T, R, C> {

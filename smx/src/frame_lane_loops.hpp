@@ -49,7 +49,18 @@ template <Known known, class T, class Body, int... R, int... C>
     return [&](const auto... objects) __attribute__((always_inline)) {
         constexpr bool in_order = known == Known::listed && (Objects<Known::listed, T, R, C>::in_order && ...);
         constexpr bool light = known == Known::packed || known == Known::planes || known == Known::strided;
-        return each_group<T, 1, in_order, light>(plan, first, [&](int n) { return body(n, objects...); });
+        int n = each_group<T, 1, in_order, light>(plan, first, [&](int n) { return body(n, objects...); });
+#if defined(__AVX512F__)
+        // The last objects, too few for a group, out of the way of the loop.
+        if constexpr (known == Known::packed && ((LaneAccess<T, R, C>::few || R * C == 1) && ...)) {
+            const int left = plan.count - n;
+            if (0 < left && left < Pack<T>::width) [[unlikely]] {
+                if (body(n, PackedObjects<T, R, C, PartOfGroup>(operands, PartOfGroup<T, R * C>{left})...))
+                    n = plan.count;
+            }
+        }
+#endif
+        return n;
     }
     (Objects<known, T, R, C>(operands)...);
 }

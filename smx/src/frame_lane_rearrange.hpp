@@ -6,6 +6,38 @@
 namespace smx {
 inline namespace SMX_ISA {
 
+// Register k of a group of objects of L elements side by side; or, by masks, of fewer objects than a group.
+template <class T, int L>
+struct WholeGroup {
+    static Pack<T> load(const Byte *group, int k) { return load_pack<T>(group + k * pack_bytes); }
+    static void store(const Byte *group, int k, Pack<T> x) {
+        store_pack(const_cast<Byte *>(group + k * pack_bytes), x);
+    }
+    static Mask<T> objects() { return Mask<T>(true); }
+};
+#if defined(__AVX512F__)
+template <class T, int L>
+struct PartOfGroup {
+    int count;
+    Mask<T> elements(int k) const {
+        const int left = count * L - k * Pack<T>::width;
+        return Mask<T>::of(_bzhi_u32(~0u, static_cast<unsigned>(left > 0 ? left : 0)));
+    }
+    Pack<T> load(const Byte *group, int k) const {
+        const Byte *const from = group + k * pack_bytes;
+        if constexpr (sizeof(T) == 4)
+            return reinterpret_cast<typename Pack<T>::Vector>(_mm512_maskz_loadu_ps(elements(k).bits, from));
+        else return reinterpret_cast<typename Pack<T>::Vector>(_mm512_maskz_loadu_pd(elements(k).bits, from));
+    }
+    void store(const Byte *group, int k, Pack<T> x) const {
+        Byte *const to = const_cast<Byte *>(group + k * pack_bytes);
+        if constexpr (sizeof(T) == 4) _mm512_mask_storeu_ps(to, elements(k).bits, reinterpret_cast<__m512>(x.v));
+        else _mm512_mask_storeu_pd(to, elements(k).bits, reinterpret_cast<__m512d>(x.v));
+    }
+    Mask<T> objects() const { return Mask<T>::of(_bzhi_u32(~0u, static_cast<unsigned>(count))); }
+};
+#endif
+
 // Elements of several registers come together by permutations of two, or by blends, each element in its own lane, with
 // one permutation after or before them. Blends go anywhere in the processor, but are more operations: better where
 // permutations of two take several operations themselves, and where there is nothing else to do.
@@ -189,19 +221,19 @@ template <class T, int L, By by = usual_way>
         rearrange<T, PutTogether<T, L>, L, L>(in, out);
     }
 }
-template <class T, int L, By by = usual_way>
-[[gnu::always_inline]] inline void load_side_by_side(const Byte *from, Pack<T> *out) {
+template <class T, int L, By by = usual_way, class Registers = WholeGroup<T, L>>
+[[gnu::always_inline]] inline void load_side_by_side(const Byte *from, Pack<T> *out, Registers registers = {}) {
     Pack<T> in[L];
 #pragma GCC unroll 6
-    for (int k = 0; k < L; ++k) in[k] = load_pack<T>(from + k * pack_bytes);
+    for (int k = 0; k < L; ++k) in[k] = registers.load(from, k);
     take_apart<T, L, by>(in, out);
 }
-template <class T, int L, By by = usual_way>
-[[gnu::always_inline]] inline void store_side_by_side(const Byte *to, const Pack<T> *in) {
+template <class T, int L, By by = usual_way, class Registers = WholeGroup<T, L>>
+[[gnu::always_inline]] inline void store_side_by_side(const Byte *to, const Pack<T> *in, Registers registers = {}) {
     Pack<T> out[L];
     put_together<T, L, by>(in, out);
 #pragma GCC unroll 6
-    for (int k = 0; k < L; ++k) store_pack(const_cast<Byte *>(to + k * pack_bytes), out[k]);
+    for (int k = 0; k < L; ++k) registers.store(to, k, out[k]);
 }
 #else
 constexpr bool rearranges = false;
@@ -213,10 +245,10 @@ template <class T, int L>
 void take_apart(const Pack<T> *in, Pack<T> *out);
 template <class T, int L>
 void put_together(const Pack<T> *in, Pack<T> *out);
-template <class T, int L, By by = usual_way>
-void load_side_by_side(const Byte *from, Pack<T> *out);
-template <class T, int L, By by = usual_way>
-void store_side_by_side(const Byte *to, const Pack<T> *in);
+template <class T, int L, By by = usual_way, class Registers = WholeGroup<T, L>>
+void load_side_by_side(const Byte *from, Pack<T> *out, Registers registers = {});
+template <class T, int L, By by = usual_way, class Registers = WholeGroup<T, L>>
+void store_side_by_side(const Byte *to, const Pack<T> *in, Registers registers = {});
 #endif
 
 // The first C elements of a register, the others left out.

@@ -119,6 +119,9 @@ struct FoursTogether {
         return __builtin_shufflevector(x, x, (l / 4 * 4 + p)...);
     }
     V second[4];
+    explicit FoursTogether(const Pack<T> (&rows)[4]) {
+        for (int p = 0; p < 4; ++p) second[p] = rows[p].v;
+    }
     explicit FoursTogether(const Byte *b) {
 #pragma GCC unroll 4
         for (int p = 0; p < 4; ++p) second[p] = repeated(reinterpret_cast<const T *>(b) + 4 * p);

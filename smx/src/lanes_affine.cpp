@@ -20,7 +20,9 @@ SMX_LANE_LOOP int affine_lanes(const LanePlan &plan, bool *bad, int first) {
         [&](int n, const auto &from, const auto &to) {
             Num point[3], out[3];
             from.load(n, point);
-            good = good & transform_point(m, point, out);
+            Mask<float> fine = transform_point(m, point, out);
+            if constexpr (std::remove_cvref_t<decltype(from)>::few) fine = fine | !from.objects();
+            good = good & fine;
             to.store(n, out);
             return true;
         },

@@ -98,31 +98,55 @@ int one_matrix(const LanePlan &plan, int first) {
         vector, plan.source[adds ? 2 : 1].operand, plan.result[0]);
 }
 
-// The same for vectors of four without gaps, several in one register.
-template <class T, bool from_zero, bool adds>
-int one_matrix_of_four(const LanePlan &plan, int first) {
-    constexpr int size = sizeof(T);
-    const LaneAccess<T, 4, 4> matrix(plan.source[0].operand);
-    T columns[16];
-    for (int p = 0; p < 4; ++p)
-        for (int i = 0; i < 4; ++i)
-            columns[p * 4 + i] =
-                load_element<T>(matrix.o.transposed ? matrix.address(0, p, i) : matrix.address(0, i, p));
-    using Some = Together<T, 4>;
-    const Some all(reinterpret_cast<const Byte *>(columns));
-    const auto start = [](const LaneOperand &o) { return static_cast<const Byte *>(o.base); };
-    const Byte *const b = start(plan.source[1].operand), *const c = start(plan.source[adds ? 2 : 1].operand);
-    const Byte *const d = start(plan.result[0]);
-    return each_group<T, 1, false, true>(plan, first, [&](int n) {
-        const std::ptrdiff_t begin = std::ptrdiff_t{4 * size} * n;
-#pragma GCC unroll 8
-        for (std::ptrdiff_t e = begin; e < begin + 4 * pack_bytes; e += Some::bytes) {
-            auto sum = all.template sum<from_zero>(Some::load(b + e));
-            if constexpr (adds) sum = sum + Some::load(c + e);
-            Some::store(d + e, sum);
+// All elements of a single matrix, row by row, in registers.
+template <class T, int N>
+constexpr int square_registers = (N * N + Pack<T>::width - 1) / Pack<T>::width;
+template <class T, int N>
+void load_square(const LaneAccess<T, N, N> &matrix, Pack<T> (&out)[square_registers<T, N>]) {
+    constexpr int registers = square_registers<T, N>, last = registers - 1, W = Pack<T>::width;
+    if constexpr (loads_ends)
+        if (matrix.way == LaneAccess<T, N, N>::Way::rows && matrix.dense && !matrix.o.transposed) {
+            const Byte *const from = static_cast<const Byte *>(matrix.o.base);
+            for (int k = 0; k < last; ++k) out[k] = load_pack<T>(from + k * pack_bytes);
+            out[last] = load_end<T, N * N - last * W>(from + last * pack_bytes);
+            return;
         }
-        return true;
-    });
+    T elements[registers * W] = {};
+    for (int i = 0; i < N; ++i)
+        for (int p = 0; p < N; ++p)
+            elements[i * N + p] =
+                load_element<T>(matrix.o.transposed ? matrix.address(0, p, i) : matrix.address(0, i, p));
+    for (int k = 0; k < registers; ++k) out[k] = load_pack<T>(elements + k * W);
+}
+
+// The same for vectors of four without gaps, several in one register.
+template <int p>
+struct OfColumn {
+    static constexpr int at(int e) { return e % 4 * 4 + p; }
+};
+template <class T, bool from_zero, bool adds, class Vectors>
+int one_matrix_of_four(const LanePlan &plan, int first, const Vectors &vector, const Vectors &added,
+                       const Vectors &dst) {
+    constexpr int registers = square_registers<T, 4>;
+    Pack<T> matrix[registers], columns[4];
+    load_square<T, 4>(LaneAccess<T, 4, 4>(plan.source[0].operand), matrix);
+    rearrange<T, OfColumn<0>, 1, registers>(matrix, columns);
+    rearrange<T, OfColumn<1>, 1, registers>(matrix, columns + 1);
+    rearrange<T, OfColumn<2>, 1, registers>(matrix, columns + 2);
+    rearrange<T, OfColumn<3>, 1, registers>(matrix, columns + 3);
+    const Together<T, 4> all(columns);
+    return each_group_known<Known::packed, T>(
+        plan, first,
+        [&](int n, const auto &from, [[maybe_unused]] const auto &beside, const auto &to) {
+#pragma GCC unroll 4
+            for (int k = 0; k < 4; ++k) {
+                Pack<T> sum = all.template sum<from_zero>(from.load_register(n, k).v);
+                if constexpr (adds) sum = sum + beside.load_register(n, k);
+                to.store_register(n, k, sum);
+            }
+            return true;
+        },
+        vector, added, dst);
 }
 
 // And for vectors of three without gaps, W of them in three registers, which stay as they lie: element e of them is the
@@ -159,42 +183,35 @@ template <int p>
 struct OfRowThere { // and what of the matrix they are multiplied by
     static constexpr int at(int e) { return e % 3 * 3 + p; }
 };
-template <class T, bool from_zero, bool adds>
-int one_matrix_of_three(const LanePlan &plan, int first) {
-    constexpr int W = Pack<T>::width;
-    const LaneAccess<T, 3, 3> matrix(plan.source[0].operand);
-    constexpr int registers = (9 + W - 1) / W;
-    T elements[registers * W] = {};
-    for (int i = 0; i < 3; ++i)
-        for (int p = 0; p < 3; ++p)
-            elements[i * 3 + p] =
-                load_element<T>(matrix.o.transposed ? matrix.address(0, p, i) : matrix.address(0, i, p));
+template <class T, bool from_zero, bool adds, class Vectors>
+int one_matrix_of_three(const LanePlan &plan, int first, const Vectors &vector, const Vectors &added,
+                        const Vectors &dst) {
+    constexpr int registers = square_registers<T, 3>;
     Pack<T> nine[registers], m[3][3]; // m[p][k]
-    for (int k = 0; k < registers; ++k) nine[k] = load_pack<T>(elements + k * W);
+    load_square<T, 3>(LaneAccess<T, 3, 3>(plan.source[0].operand), nine);
     rearrange<T, OfRowThere<0>, 3, registers>(nine, m[0]);
     rearrange<T, OfRowThere<1>, 3, registers>(nine, m[1]);
     rearrange<T, OfRowThere<2>, 3, registers>(nine, m[2]);
-    const auto start = [](const LaneOperand &o) { return static_cast<const Byte *>(o.base); };
-    const Byte *const b = start(plan.source[1].operand), *const c = start(plan.source[adds ? 2 : 1].operand);
-    const Byte *const d = start(plan.result[0]);
-    return each_group<T, 1, false, true>(plan, first, [&](int n) {
-        const std::ptrdiff_t offset = std::ptrdiff_t{3 * sizeof(T)} * n;
-        Pack<T> x[3], element[3], sum[3];
-        for (int k = 0; k < 3; ++k) x[k] = load_pack<T>(b + offset + k * pack_bytes);
-        elements_of_own_vectors<T, 0>(x, element);
-        for (int k = 0; k < 3; ++k) sum[k] = element[k] * m[0][k];
-        if constexpr (from_zero)
-            for (int k = 0; k < 3; ++k) sum[k] = Pack<T>(T(0)) + sum[k];
-        elements_of_own_vectors<T, 1>(x, element);
-        for (int k = 0; k < 3; ++k) sum[k] = sum[k] + element[k] * m[1][k];
-        elements_of_own_vectors<T, 2>(x, element);
-        for (int k = 0; k < 3; ++k) sum[k] = sum[k] + element[k] * m[2][k];
-        for (int k = 0; k < 3; ++k) {
-            if constexpr (adds) sum[k] = sum[k] + load_pack<T>(c + offset + k * pack_bytes);
-            store_pack(const_cast<Byte *>(d + offset + k * pack_bytes), sum[k]);
-        }
-        return true;
-    });
+    return each_group_known<Known::packed, T>(
+        plan, first,
+        [&](int n, const auto &from, [[maybe_unused]] const auto &beside, const auto &to) {
+            Pack<T> x[3], element[3], sum[3];
+            for (int k = 0; k < 3; ++k) x[k] = from.load_register(n, k);
+            elements_of_own_vectors<T, 0>(x, element);
+            for (int k = 0; k < 3; ++k) sum[k] = element[k] * m[0][k];
+            if constexpr (from_zero)
+                for (int k = 0; k < 3; ++k) sum[k] = Pack<T>(T(0)) + sum[k];
+            elements_of_own_vectors<T, 1>(x, element);
+            for (int k = 0; k < 3; ++k) sum[k] = sum[k] + element[k] * m[1][k];
+            elements_of_own_vectors<T, 2>(x, element);
+            for (int k = 0; k < 3; ++k) sum[k] = sum[k] + element[k] * m[2][k];
+            for (int k = 0; k < 3; ++k) {
+                if constexpr (adds) sum[k] = sum[k] + beside.load_register(n, k);
+                to.store_register(n, k, sum[k]);
+            }
+            return true;
+        },
+        vector, added, dst);
 }
 
 template <class T, int N, bool from_zero, bool adds>
@@ -227,10 +244,11 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
         const bool packed = vector.packed && added.packed && dst.packed;
         if constexpr (N == 4 && Together<T, N>::exists)
             if (packed)
-                return pack_bytes > 32 && splits_registers() ? first
-                                                             : one_matrix_of_four<T, from_zero, adds>(plan, first);
+                return pack_bytes > 32 && splits_registers()
+                           ? first
+                           : one_matrix_of_four<T, from_zero, adds>(plan, first, vector, added, dst);
         if constexpr (N == 3 && rearranges)
-            if (packed) return one_matrix_of_three<T, from_zero, adds>(plan, first);
+            if (packed) return one_matrix_of_three<T, from_zero, adds>(plan, first, vector, added, dst);
         if (by_columns && (few_lanes || !packed || (sizeof(T) == 8 && N != 3)))
             return one_matrix<T, N, from_zero, adds>(plan, first);
         if constexpr (few_lanes) return first;

@@ -38,8 +38,7 @@ SMX_LANE_LOOP int dot(const LanePlan &plan, int first) {
             if constexpr (std::remove_cvref_t<decltype(from)>::few) {
                 // Multiplied as they lie, so that only the products are taken apart.
                 for (int k = 0; k < N; ++k)
-                    x[k] =
-                        load_pack<T>(from.group(n) + k * pack_bytes) * load_pack<T>(beside.group(n) + k * pack_bytes);
+                    x[k] = from.load_register(n, k) * beside.load_register(n, k);
                 take_apart<T, N>(x, y);
                 sum = sum_of<order>(y);
             } else {
@@ -85,14 +84,14 @@ SMX_LANE_LOOP int cross(const LanePlan &plan, int first) {
                 // As they lie: a(i) b(i + 1) - a(i + 1) b(i) is element i + 2.
                 Pack<T> next_x[3], next_y[3];
                 for (int k = 0; k < 3; ++k) {
-                    x[k] = load_pack<T>(from.group(n) + k * pack_bytes);
-                    y[k] = load_pack<T>(beside.group(n) + k * pack_bytes);
+                    x[k] = from.load_register(n, k);
+                    y[k] = beside.load_register(n, k);
                 }
                 rearrange<T, NextAround, 3, 3>(x, next_x);
                 rearrange<T, NextAround, 3, 3>(y, next_y);
                 for (int k = 0; k < 3; ++k) z[k] = x[k] * next_y[k] - next_x[k] * y[k];
                 rearrange<T, NextAround, 3, 3>(z, x);
-                for (int k = 0; k < 3; ++k) store_pack(const_cast<Byte *>(to.group(n) + k * pack_bytes), x[k]);
+                for (int k = 0; k < 3; ++k) to.store_register(n, k, x[k]);
             } else {
                 from.load(n, x);
                 beside.load(n, y);
