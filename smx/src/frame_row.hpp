@@ -71,6 +71,12 @@ struct Row {
         else r.v = reinterpret_cast<V>(load_first<size>(from));
         return r;
     }
+    // Where the operand goes on behind the row: the other lanes are not looked at.
+    static Row load_whole(const Byte *from) {
+        Row r;
+        std::memcpy(&r.v, from, bytes);
+        return r;
+    }
     void store(const Byte *at) const {
         Byte *const to = const_cast<Byte *>(at);
         if constexpr (size == bytes) std::memcpy(to, &v, bytes);

@@ -24,10 +24,23 @@ template <class T, int N, bool from_zero>
     }
 }
 
+// Registers that are longer than a row are read whole where rows follow each other, up to the matrix's end.
 template <class T, int N>
+constexpr bool reads_on = requires {
+    Row<T, N>::load_whole(nullptr);
+};
+template <class T, int N, bool dense = false>
 [[gnu::always_inline]] inline void read_rows(const Byte *b, std::ptrdiff_t b_row, Row<T, N> (&second)[N]) {
-#pragma GCC unroll 6
-    for (int p = 0; p < N; ++p) second[p] = Row<T, N>::load(b + p * b_row);
+    constexpr std::ptrdiff_t row = N * sizeof(T);
+    [&]<int... p>(std::integer_sequence<int, p...>) __attribute__((always_inline)) {
+        const auto read = [&]<int at>(Fixed<at>) __attribute__((always_inline)) {
+            if constexpr (dense && at * row + Row<T, N>::bytes <= N * row)
+                second[at] = Row<T, N>::load_whole(b + at * row);
+            else second[at] = Row<T, N>::load(b + at * b_row);
+        };
+        (read(Fixed<p>{}), ...);
+    }
+    (std::make_integer_sequence<int, N>{});
 }
 
 template <class T, int N, bool from_zero>
@@ -77,14 +90,19 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
                 },
                 a.o, d.o);
         }
-        return each_object_of<T, Loop::lists, Row<T, N>::masked>(
-            plan, first,
-            [&](const Byte *x, const Byte *y, const Byte *z) __attribute__((always_inline)) {
-                Row<T, N> second[N];
-                read_rows<T, N>(y, b_row, second);
-                rows_product<T, N, from_zero>(x, a_row, a_column, second, z, d_row);
-            },
-            a.o, b.o, d.o);
+        const auto each = [&]<bool dense>(Fixed<dense>) __attribute__((always_inline)) {
+            return each_object_of<T, Loop::lists, Row<T, N>::masked>(
+                plan, first,
+                [&](const Byte *x, const Byte *y, const Byte *z) __attribute__((always_inline)) {
+                    Row<T, N> second[N];
+                    read_rows<T, N, dense>(y, b_row, second);
+                    rows_product<T, N, from_zero>(x, a_row, a_column, second, z, d_row);
+                },
+                a.o, b.o, d.o);
+        };
+        if constexpr (reads_on<T, N>)
+            if (b.dense) return each(Fixed<true>{});
+        return each(Fixed<false>{});
     }
     const auto body = [](int n, const auto &left, const auto &right, const auto &to) {
         Num x[N * N], y[N * N], z[N * N];
