@@ -48,6 +48,12 @@ struct L2Norm {
 };
 
 struct Trace {
+    // Asked ahead of the plan, which takes longer than ten objects.
+    static bool takes_lanes(const LaneOperand &o) {
+        const bool small = o.element == sizeof(float) && o.columns <= 4;
+        return o.addressing != Addressing::list && (o.stride0 == o.element || small);
+    }
+
     template <class Tier, class A, class R>
     static SmxStatus objects(const A &a, const R &dst, int side, int first, int last) {
         using T = ElementOf<A>;
@@ -81,8 +87,9 @@ struct Trace {
     static SmxStatus run(Tier, const A &a, Size<Role::side> side, const R &dst, Count count) {
         const auto one_by_one = [&](int first, int last) { return objects<Tier>(a, dst, side.value, first, last); };
         if (side.value < 3 || side.value > 6) return one_by_one(0, count.value);
-        const LanePlan plan =
-            lane_plan(count.value, {{a.lanes(side.value, side.value), SameObject::any}}, {dst.lanes(1)});
+        const LaneOperand matrices = a.lanes(side.value, side.value);
+        if (!takes_lanes(matrices)) return one_by_one(0, count.value);
+        const LanePlan plan = lane_plan(count.value, {{matrices, SameObject::any}}, {dst.lanes(1)});
         constexpr bool tail_first = !std::is_same_v<Tier, P>;
         return for_each_object<ElementOf<A>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, trace_lanes, plan, tail_first); }, one_by_one);

@@ -40,13 +40,26 @@ SMX_LANE_LOOP int norm(const LanePlan &plan, bool cuts_off, int first) {
     else return each_group_by<T, packed, dense, planes>(plan, first, body, src, dst);
 }
 
-// Only where objects follow each other element by element: reading a few elements of each object costs the same one by
-// one.
+// Only where objects follow each other element by element, or are small and side by side (Trace::takes_lanes): to read a
+// few elements of each object costs the same one by one.
 template <SumOrder order, class T, int N>
 SMX_LANE_LOOP int trace(const LanePlan &plan, int first) {
     using Access = LaneAccess<T, N, N>;
     const Access src(plan.source[0].operand);
     const LaneAccess<T, 1, 1> dst(plan.result[0]);
+    if constexpr (loads_ends && sizeof(T) == sizeof(float) && N <= 4)
+        if (is_known(src, Known::packed) && is_known(dst, Known::packed))
+            return each_group_known<Known::packed, T>(
+                plan, first,
+                [&](int n, const auto &from, const auto &to) {
+                    Pack<T> x[N * N], diagonal[N];
+                    from.load(n, x);
+                    for (int i = 0; i < N; ++i) diagonal[i] = x[i * N + i];
+                    const Pack<T> sum = sum_of<order>(diagonal);
+                    to.store(n, &sum);
+                    return true;
+                },
+                src, dst);
     if (src.way != Access::Way::across) return first;
     const Byte *plane[N];
     for (int i = 0; i < N; ++i) plane[i] = src.address(0, i, i);
