@@ -23,7 +23,7 @@ struct RowInParts {
     static constexpr int size = sizeof(T);
     static constexpr int bytes = N * size >= 32 && pack_bytes >= 32 ? 32 : N * size >= 16 ? 16 : 8;
     static constexpr int rest = N - bytes / size;
-    static constexpr bool masked = false;
+    static constexpr bool longer = false, masked = false; // than the row; read and written by masks
     typedef T V __attribute__((vector_size(bytes)));
     struct Nothing {
         static Nothing all(T) { return {}; }
@@ -60,7 +60,7 @@ struct Row {
     static constexpr int bytes = size <= 16 ? 16 : size <= 32 ? 32 : 64;
     typedef T V __attribute__((vector_size(bytes)));
     static constexpr auto mask = static_cast<unsigned char>((1 << size / 4) - 1);
-    static constexpr bool masked = size != bytes && bytes <= 32;
+    static constexpr bool longer = size != bytes, masked = longer && bytes <= 32;
     V v;
     static Row all(T x) { return {x - V{}}; }
     static Row load(const Byte *from) {
@@ -113,6 +113,33 @@ inline __m256 repeated(const float *four) {
     return _mm256_broadcast_ps(reinterpret_cast<const __m128 *>(four));
 }
 #endif
+// Four q of a register, or the first N elements of it, from an address of its own, and to it.
+template <int q, int N>
+inline Pack<float> with_four(Pack<float> x, const Byte *from) {
+    return reinterpret_cast<Pack<float>::Vector>(with_part<q>(reinterpret_cast<Wide>(x.v), load_part<float, N>(from)));
+}
+template <int q, int N>
+inline void store_four(const Byte *to, Pack<float> x) {
+    store_part<float, N>(to, part_of<q>(reinterpret_cast<Wide>(x.v)));
+}
+#if defined(__AVX512F__)
+template <int q, int N>
+inline Pack<double> with_four(Pack<double> x, const Byte *from) {
+    const __m256d four = _mm256_maskz_loadu_pd((1u << N) - 1, from);
+    if constexpr (q == 0) return reinterpret_cast<Pack<double>::Vector>(_mm512_castpd256_pd512(four));
+    else return reinterpret_cast<Pack<double>::Vector>(_mm512_insertf64x4(reinterpret_cast<__m512d>(x.v), four, 1));
+}
+template <int q, int N>
+inline void store_four(const Byte *to, Pack<double> x) {
+    const __m512d all = reinterpret_cast<__m512d>(x.v);
+    __m256d four;
+    if constexpr (q == 0) four = _mm512_castpd512_pd256(all);
+    else four = _mm512_extractf64x4_pd(all, 1);
+    // As in store_part(): the extraction must not become part of the masked store.
+    __asm__("" : "+v"(four));
+    _mm256_mask_storeu_pd(const_cast<Byte *>(to), (1u << N) - 1, four);
+}
+#endif
 template <class T>
 struct FoursTogether {
     static constexpr bool exists = true, masked = false;
@@ -125,21 +152,23 @@ struct FoursTogether {
         return __builtin_shufflevector(x, x, (l / 4 * 4 + p)...);
     }
     V second[4];
-    explicit FoursTogether(const Pack<T> (&rows)[4]) {
-        for (int p = 0; p < 4; ++p) second[p] = rows[p].v;
+    template <int N>
+    explicit FoursTogether(const Pack<T> (&rows)[N]) {
+        for (int p = 0; p < N; ++p) second[p] = rows[p].v;
     }
     explicit FoursTogether(const Byte *b) {
 #pragma GCC unroll 4
         for (int p = 0; p < 4; ++p) second[p] = repeated(reinterpret_cast<const T *>(b) + 4 * p);
     }
     static constexpr auto lanes = std::make_integer_sequence<int, Pack<T>::width>{};
-    template <bool from_zero>
+    template <bool from_zero, int terms = 4>
     V sum(V x) const {
         V sum = column<0>(x, lanes) * second[0];
         if (from_zero) sum = V{} + sum;
         sum = sum + column<1>(x, lanes) * second[1];
         sum = sum + column<2>(x, lanes) * second[2];
-        return sum + column<3>(x, lanes) * second[3];
+        if constexpr (terms == 4) sum = sum + column<3>(x, lanes) * second[3];
+        return sum;
     }
     template <bool from_zero>
     void product(const Byte *a, const Byte *d) const {
@@ -155,6 +184,13 @@ template <bool listed>
 struct Together<float, 4, listed> : FoursTogether<float> {
     using FoursTogether<float>::FoursTogether;
 };
+#else
+template <class T>
+struct FoursTogether;
+template <int q, int N, class T>
+Pack<T> with_four(Pack<T> x, const Byte *from);
+template <int q, int N, class T>
+void store_four(const Byte *to, Pack<T> x);
 #endif
 #if defined(__AVX512F__)
 template <bool listed>

@@ -25,20 +25,17 @@ template <class T, int N, bool from_zero>
 }
 
 // Registers that are longer than a row are read whole where rows follow each other, up to the matrix's end.
-template <class T, int N>
-constexpr bool reads_on = requires {
-    Row<T, N>::load_whole(nullptr);
-};
+template <class T, int N, bool dense, int p>
+[[gnu::always_inline]] inline Row<T, N> read_row(const Byte *b, std::ptrdiff_t b_row) {
+    constexpr std::ptrdiff_t row = N * sizeof(T);
+    if constexpr (dense && p * row + static_cast<std::ptrdiff_t>(sizeof(Row<T, N>)) <= N * row)
+        return Row<T, N>::load_whole(b + p * row);
+    else return Row<T, N>::load(b + p * b_row);
+}
 template <class T, int N, bool dense = false>
 [[gnu::always_inline]] inline void read_rows(const Byte *b, std::ptrdiff_t b_row, Row<T, N> (&second)[N]) {
-    constexpr std::ptrdiff_t row = N * sizeof(T);
     [&]<int... p>(std::integer_sequence<int, p...>) __attribute__((always_inline)) {
-        const auto read = [&]<int at>(Fixed<at>) __attribute__((always_inline)) {
-            if constexpr (dense && at * row + Row<T, N>::bytes <= N * row)
-                second[at] = Row<T, N>::load_whole(b + at * row);
-            else second[at] = Row<T, N>::load(b + at * b_row);
-        };
-        (read(Fixed<p>{}), ...);
+        ((second[p] = read_row<T, N, dense, p>(b, b_row)), ...);
     }
     (std::make_integer_sequence<int, N>{});
 }
@@ -100,7 +97,7 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
                 },
                 a.o, b.o, d.o);
         };
-        if constexpr (reads_on<T, N>)
+        if constexpr (Row<T, N>::longer)
             if (b.dense) return each(Fixed<true>{});
         return each(Fixed<false>{});
     }

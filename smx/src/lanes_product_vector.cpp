@@ -100,7 +100,7 @@ int one_matrix(const LanePlan &plan, int first) {
 
 // All elements of a single matrix, row by row, in registers.
 template <class T, int N>
-constexpr int square_registers = (N * N + Pack<T>::width - 1) / Pack<T>::width;
+[[maybe_unused]] constexpr int square_registers = (N * N + Pack<T>::width - 1) / Pack<T>::width;
 template <class T, int N>
 void load_square(const LaneAccess<T, N, N> &matrix, Pack<T> (&out)[square_registers<T, N>]) {
     constexpr int registers = square_registers<T, N>, last = registers - 1, W = Pack<T>::width;
@@ -119,34 +119,73 @@ void load_square(const LaneAccess<T, N, N> &matrix, Pack<T> (&out)[square_regist
     for (int k = 0; k < registers; ++k) out[k] = load_pack<T>(elements + k * W);
 }
 
-// The same for vectors of four without gaps, several in one register.
-template <int p>
+template <int count, class Each>
+[[gnu::always_inline]] inline void each_fixed(Each each) {
+    [&]<int... k>(std::integer_sequence<int, k...>) __attribute__((always_inline)) {
+        (each(Fixed<k>{}), ...);
+    }
+    (std::make_integer_sequence<int, count>{});
+}
+
+// Register k of a group of vectors of three or four: several of them in fours side by side, wherever each of them lies.
+template <class T, int N, int k, class Vectors>
+[[gnu::always_inline]] inline Pack<T> load_fours(const Vectors &vectors, int n) {
+    if constexpr (Vectors::few) {
+        return vectors.load_register(n, k);
+    } else {
+        constexpr int at_once = Pack<T>::width / 4;
+        const auto rows = vectors.rows(n);
+        Pack<T> x;
+        each_fixed<at_once>([&]<int q>(Fixed<q>)
+                                __attribute__((always_inline)) { x = with_four<q, N>(x, rows[k * at_once + q]); });
+        return x;
+    }
+}
+template <class T, int N, int k, class Vectors>
+[[gnu::always_inline]] inline void store_fours(const Vectors &vectors, int n, Pack<T> x) {
+    if constexpr (Vectors::few) {
+        vectors.store_register(n, k, x);
+    } else {
+        constexpr int at_once = Pack<T>::width / 4;
+        const auto rows = vectors.rows(n);
+        each_fixed<at_once>([&]<int q>(Fixed<q>)
+                                __attribute__((always_inline)) { store_four<q, N>(rows[k * at_once + q], x); });
+    }
+}
+
+// The same for several vectors of three or four in one register; those of three have gaps between them.
+template <int N, int p>
 struct OfColumn {
-    static constexpr int at(int e) { return e % 4 * 4 + p; }
+    static constexpr int at(int e) { return e % 4 < N ? e % 4 * N + p : 0; }
 };
-template <class T, bool from_zero, bool adds, class Vectors>
-int one_matrix_of_four(const LanePlan &plan, int first, const Vectors &vector, const Vectors &added,
-                       const Vectors &dst) {
-    constexpr int registers = square_registers<T, 4>;
-    Pack<T> matrix[registers], columns[4];
-    load_square<T, 4>(LaneAccess<T, 4, 4>(plan.source[0].operand), matrix);
-    rearrange<T, OfColumn<0>, 1, registers>(matrix, columns);
-    rearrange<T, OfColumn<1>, 1, registers>(matrix, columns + 1);
-    rearrange<T, OfColumn<2>, 1, registers>(matrix, columns + 2);
-    rearrange<T, OfColumn<3>, 1, registers>(matrix, columns + 3);
-    const Together<T, 4> all(columns);
-    return each_group_known<Known::packed, T>(
-        plan, first,
-        [&](int n, const auto &from, [[maybe_unused]] const auto &beside, const auto &to) {
-#pragma GCC unroll 4
-            for (int k = 0; k < 4; ++k) {
-                Pack<T> sum = all.template sum<from_zero>(from.load_register(n, k).v);
-                if constexpr (adds) sum = sum + beside.load_register(n, k);
-                to.store_register(n, k, sum);
-            }
-            return true;
-        },
-        vector, added, dst);
+template <class T, int N, bool from_zero, bool adds, class Vectors>
+int one_matrix_in_fours(const LanePlan &plan, int first, Known known, const Vectors &vector, const Vectors &added,
+                        const Vectors &dst) {
+    constexpr int registers = square_registers<T, N>;
+    Pack<T> matrix[registers], columns[N];
+    load_square<T, N>(LaneAccess<T, N, N>(plan.source[0].operand), matrix);
+    each_fixed<N>([&]<int p>(Fixed<p>) { rearrange<T, OfColumn<N, p>, 1, registers>(matrix, columns + p); });
+    const FoursTogether<T> all(columns);
+    const auto body = [&](int n, const auto &from, [[maybe_unused]] const auto &beside, const auto &to)
+        __attribute__((always_inline)) {
+        Pack<T> sum[4];
+        constexpr bool at_once = std::remove_cvref_t<decltype(to)>::few; // side by side there is no order to keep
+        each_fixed<4>([&]<int k>(Fixed<k>) __attribute__((always_inline)) {
+            sum[k] = all.template sum<from_zero, N>(load_fours<T, N, k>(from, n).v);
+            if constexpr (adds) sum[k] = sum[k] + load_fours<T, N, k>(beside, n);
+            if constexpr (at_once) store_fours<T, N, k>(to, n, sum[k]);
+        });
+        if constexpr (!at_once)
+            each_fixed<4>([&]<int k>(Fixed<k>) __attribute__((always_inline)) { store_fours<T, N, k>(to, n, sum[k]); });
+        return true;
+    };
+    const auto as = [&]<Known known>(Fixed<known>) __attribute__((always_inline)) {
+        return each_group_known<known, T>(plan, first, body, vector, added, dst);
+    };
+    using enum Known;
+    if constexpr (N == 4)
+        if (known == packed) return as(Fixed<packed>{});
+    return known == listed ? as(Fixed<listed>{}) : as(Fixed<strided>{});
 }
 
 // And for vectors of three without gaps, W of them in three registers, which stay as they lie: element e of them is the
@@ -242,13 +281,21 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
                             vector.o.addressing != Addressing::pointers;
     if (matrix.o.single) {
         const bool packed = vector.packed && added.packed && dst.packed;
-        if constexpr (N == 4 && Together<T, N>::exists)
-            if (packed)
-                return pack_bytes > 32 && splits_registers()
-                           ? first
-                           : one_matrix_of_four<T, from_zero, adds>(plan, first, vector, added, dst);
         if constexpr (N == 3 && rearranges)
             if (packed) return one_matrix_of_three<T, from_zero, adds>(plan, first, vector, added, dst);
+        if constexpr ((N == 3 && loads_ends) || (N == 4 && Together<T, N>::exists)) {
+            const auto all = [&](Known known) {
+                return is_known(vector, known) && is_known(added, known) && is_known(dst, known);
+            };
+            const Known known = packed                ? Known::packed
+                                : all(Known::strided) ? Known::strided
+                                : all(Known::listed)  ? Known::listed
+                                                      : Known::nothing;
+            const bool whole = pack_bytes <= 32 || !splits_registers();
+            if (whole && known != Known::nothing)
+                return one_matrix_in_fours<T, N, from_zero, adds>(plan, first, known, vector, added, dst);
+            if (N == 4 && packed) return first;
+        }
         if (by_columns && (few_lanes || !packed || (sizeof(T) == 8 && N != 3)))
             return one_matrix<T, N, from_zero, adds>(plan, first);
         if constexpr (few_lanes) return first;

@@ -37,8 +37,7 @@ SMX_LANE_LOOP int dot(const LanePlan &plan, int first) {
             Pack<T> x[N], y[N], sum;
             if constexpr (std::remove_cvref_t<decltype(from)>::few) {
                 // Multiplied as they lie, so that only the products are taken apart.
-                for (int k = 0; k < N; ++k)
-                    x[k] = from.load_register(n, k) * beside.load_register(n, k);
+                for (int k = 0; k < N; ++k) x[k] = from.load_register(n, k) * beside.load_register(n, k);
                 take_apart<T, N>(x, y);
                 sum = sum_of<order>(y);
             } else {
