@@ -86,22 +86,18 @@ struct CholeskyDecomposition {
     static SmxStatus objects(Tier, const A &src, const D &dst, int side, int count, General general) {
         using T = ElementOf<D>;
         constexpr bool array = !is_single<D>;
-        SmxStatus status = smxStsNoErr;
-        if (with_side(side, [&]<int N>(Side<N>) {
-                const auto one = [&](int n) { return local<Tier, array, N>(src.object(n, N), dst.object(n, N)); };
-                if constexpr (array) {
-                    constexpr double bound = static_cast<double>(radicand_test<Tier, T, array>(N).bound);
-                    const LanePlan plan = lane_plan(count, {{src.lanes(N, N), SameObject::any}}, {dst.lanes(N, N)});
-                    status = for_each_object<T>(
-                        plan, [&](int n) { return SMX_ON_ALL_LANES(n, cholesky_decompose_lanes, plan, bound, N); },
-                        until_failure(one));
-                } else {
-                    status = one(0);
-                }
-            }))
-            return status;
-        for (int n = 0; n < count && status == smxStsNoErr; ++n) status = general(n);
-        return status;
+        if (!is_written_out(side)) return until_failure(general)(0, count);
+        const auto objects_written_out = until_failure(
+            side, [&]<int N>(Side<N>, int n) { return local<Tier, array, N>(src.object(n, N), dst.object(n, N)); });
+        if constexpr (array) {
+            const double bound = static_cast<double>(radicand_test<Tier, T, array>(side).bound);
+            const LanePlan plan = lane_plan(count, {{src.lanes(side, side), SameObject::any}}, {dst.lanes(side, side)});
+            return for_each_object<T>(
+                plan, [&](int n) { return SMX_ON_ALL_LANES(n, cholesky_decompose_lanes, plan, bound, side); },
+                objects_written_out);
+        } else {
+            return objects_written_out(0, 1);
+        }
     }
 
     template <class Tier, class A, class D>
@@ -168,29 +164,27 @@ struct CholeskyBackSubstitution {
     static SmxStatus objects(Tier, const A &matrix, const B &b, const X &dst, int side, int count,
                              General general_object) {
         using T = ElementOf<X>;
-        if (with_side(side, [&]<int N>(Side<N>) {
-                constexpr bool written = is_written<Tier, A, X>(N);
-                const auto one = [&](int n) -> SmxStatus {
-                    if constexpr (written) local<N>(matrix.object(n, N), b.object(n), dst.object(n));
-                    else general(matrix.object(n, N), b.object(n), dst.object(n), N);
-                    return smxStsNoErr;
-                };
-                if constexpr (is_single<X>) {
-                    one(0);
-                } else {
-                    const LanePlan plan =
-                        lane_plan(count,
-                                  {{matrix.lanes(N, N), written ? SameObject::any : SameObject::none},
-                                   {b.lanes(1, N), written ? SameObject::any : SameObject::identical}},
-                                  {dst.lanes(1, N)});
-                    for_each_object<T>(
-                        plan, [&](int n) { return SMX_ON_ALL_LANES(n, cholesky_solve_lanes, plan, N); },
-                        until_failure(one));
-                }
-            }))
+        if (!is_written_out(side)) {
+            for (int n = 0; n < count; ++n) general_object(n);
             return smxStsNoErr;
-        for (int n = 0; n < count; ++n) general_object(n);
-        return smxStsNoErr;
+        }
+        const auto objects_written_out = until_failure(side, [&]<int N>(Side<N>, int n) -> SmxStatus {
+            if constexpr (is_written<Tier, A, X>(N)) local<N>(matrix.object(n, N), b.object(n), dst.object(n));
+            else general(matrix.object(n, N), b.object(n), dst.object(n), N);
+            return smxStsNoErr;
+        });
+        if constexpr (is_single<X>) {
+            return objects_written_out(0, 1);
+        } else {
+            const bool written = is_written<Tier, A, X>(side);
+            const LanePlan plan = lane_plan(count,
+                                            {{matrix.lanes(side, side), written ? SameObject::any : SameObject::none},
+                                             {b.lanes(1, side), written ? SameObject::any : SameObject::identical}},
+                                            {dst.lanes(1, side)});
+            return for_each_object<T>(
+                plan, [&](int n) { return SMX_ON_ALL_LANES(n, cholesky_solve_lanes, plan, side); },
+                objects_written_out);
+        }
     }
 
     template <class Tier, class A, class B, class X>

@@ -43,7 +43,18 @@ struct Moves {
             each(a, d, height, width, first, last);
     }
     template <class A, class D>
-    static SmxStatus move(const A &a, const D &d, int height, int width, int count) {
+    [[gnu::always_inline]] static SmxStatus move(const A &a, const D &d, int height, int width, int count) {
+        if constexpr (!is_pointers<A> && !is_pointers<D>) {
+            const LaneOperand source = a.lanes(height, width), result = d.lanes(height, width);
+            if (const std::ptrdiff_t bytes = run_bytes(count, result, source)) {
+                copy_run(source.base, result.base, bytes);
+                return smxStsNoErr;
+            }
+        }
+        return move_objects(a, d, height, width, count);
+    }
+    template <class A, class D>
+    [[gnu::noinline]] static SmxStatus move_objects(const A &a, const D &d, int height, int width, int count) {
         const auto one_by_one = [&](int first, int last) {
             objects(a, d, height, width, first, last);
             return SmxStatus{smxStsNoErr};
@@ -52,8 +63,6 @@ struct Moves {
         constexpr bool by_table = is_pointers<A> || is_pointers<D>;
         if (by_table && (width > 6 || height > 6)) return one_by_one(0, count);
         const LaneOperand source = a.lanes(height, width), result = d.lanes(height, width);
-        LaneRun run;
-        if (find_run(run, count, result, source)) return copy_run(run), smxStsNoErr;
         const LanePlan plan = lane_plan(count, {{source, SameObject::identical}}, {result}, groups_at_once(result));
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, copy_lanes, plan); }, one_by_one);

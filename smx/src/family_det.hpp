@@ -54,29 +54,28 @@ struct Determinant {
     static SmxStatus run(Tier, const A &src, Size<Role::side> side, Buffer<T> buffer, const Packed<T> &dst,
                          Count count = 1) {
         constexpr bool single = is_single<A>;
-        if (with_side(side.value, [&]<int N>(Side<N>) {
-                const auto one = [&](int n) -> SmxStatus {
-                    const auto object = src.object(n, N);
-                    T a[N][N];
-                    for (int i = 0; i < N; ++i)
-                        for (int j = 0; j < N; ++j) a[i][j] = object(i, j);
-                    *dst.object(n) = determinant_local(a);
-                    return smxStsNoErr;
-                };
-                if constexpr (single) {
-                    one(0);
-                } else {
-                    const LanePlan plan = lane_plan(count.value, {{src.lanes(N, N), SameObject::any}}, {dst.lanes(1)});
-                    for_each_object<T>(
-                        plan, [&](int n) { return SMX_ON_ALL_LANES(n, determinant_lanes, plan, N); },
-                        until_failure(one));
-                }
-            }))
+        const int s = side.value;
+        if (!is_written_out(s)) {
+            for (int n = 0; n < count.value; ++n)
+                general(src.object(n, s), s, buffer.base, dst.object(n),
+                        single ? AtFailure::zero : AtFailure::sign_zero);
             return smxStsNoErr;
-        for (int n = 0; n < count.value; ++n)
-            general(src.object(n, side.value), side.value, buffer.base, dst.object(n),
-                    single ? AtFailure::zero : AtFailure::sign_zero);
-        return smxStsNoErr;
+        }
+        const auto objects = until_failure(s, [&]<int N>(Side<N>, int n) -> SmxStatus {
+            const auto object = src.object(n, N);
+            T a[N][N];
+            for (int i = 0; i < N; ++i)
+                for (int j = 0; j < N; ++j) a[i][j] = object(i, j);
+            *dst.object(n) = determinant_local(a);
+            return smxStsNoErr;
+        });
+        if constexpr (single) {
+            return objects(0, 1);
+        } else {
+            const LanePlan plan = lane_plan(count.value, {{src.lanes(s, s), SameObject::any}}, {dst.lanes(1)});
+            return for_each_object<T>(
+                plan, [&](int n) { return SMX_ON_ALL_LANES(n, determinant_lanes, plan, s); }, objects);
+        }
     }
 };
 

@@ -61,7 +61,7 @@ struct EigenValuesGeneral {
         const int n = side.value;
         const auto objects =
             until_failure([&](int k) { return one(src.object(k, n), re.object(k), im.object(k), n, buffer.base); });
-        if (n < 3 || n > 6) return objects(0, count.value);
+        if (!is_written_out(n)) return objects(0, count.value);
         const LanePlan plan = lane_plan(count.value, {{src.lanes(n, n), SameObject::any}}, {re.lanes(n), im.lanes(n)},
                                         eigen_groups_at_once<T>);
         return for_each_object<T>(
@@ -115,7 +115,7 @@ struct EigenVectorsGeneral {
                 return one(src.object(k, n), dst.object(k, n), re.object(k), im.object(k), n, buffer.base, silent);
             });
         };
-        if (n < 3 || n > 6) return objects(0, count.value);
+        if (!is_written_out(n)) return objects(0, count.value);
         const LanePlan plan =
             lane_plan(count.value, {{src.lanes(n, n), SameObject::any}}, {dst.lanes(n, n), re.lanes(n), im.lanes(n)});
         return for_each_object<T>(
@@ -155,7 +155,7 @@ struct EigenVectorsBoth {
                            buffer.base, silent);
             });
         };
-        if (n < 3 || n > 6) return objects(0, count.value);
+        if (!is_written_out(n)) return objects(0, count.value);
         const LanePlan plan = lane_plan(count.value, {{src.lanes(n, n), SameObject::any}},
                                         {right.lanes(n, n), left.lanes(n, n), re.lanes(n), im.lanes(n)});
         return for_each_object<T>(

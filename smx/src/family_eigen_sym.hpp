@@ -166,7 +166,7 @@ struct EigenValuesSymmetric {
     static SmxStatus run(Tier, const A &src, Buffer<T> buffer, Packed<T> values, Size<Role::side> side, Count count) {
         const int n = side.value;
         const auto single = [&](int k) { return one<Tier, true>(src.object(k, n), buffer.base, values.object(k), n); };
-        if (n < 3 || n > 6) return until_failure(single)(0, count.value);
+        if (!is_written_out(n)) return until_failure(single)(0, count.value);
         const LanePlan plan = lane_plan(count.value, {{src.lanes(n, n), SameObject::any}}, {values.lanes(n)});
         return for_each_object<T>(
             plan, [&](int k) { return SMX_ON_ALL_LANES(k, eigen_sym_lanes, plan, n); }, until_failure(single));
@@ -210,7 +210,7 @@ struct EigenValuesVectorsSymmetric {
         const auto single = [&](int k) {
             return one<Tier, true>(src.object(k, n), buffer.base, dst.object(k, n), values.object(k), n);
         };
-        if (n < 3 || n > 6) return until_failure(single)(0, count.value);
+        if (!is_written_out(n)) return until_failure(single)(0, count.value);
         const LanePlan plan =
             lane_plan(count.value, {{src.lanes(n, n), SameObject::any}}, {dst.lanes(n, n), values.lanes(n)});
         const double gate = SymmetricTolerances<true, true>::template reduction<Tier, T>;

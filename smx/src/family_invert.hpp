@@ -95,30 +95,25 @@ struct Inverse {
     static SmxStatus objects(Tier, const A &src, const D &dst, int side, int count, General general) {
         using T = ElementOf<D>;
         constexpr bool array = !is_single<D>;
-        SmxStatus status = smxStsNoErr;
-        if (with_side(side, [&]<int N>(Side<N>) {
-                const auto one = [&](int n) -> SmxStatus {
-                    const auto from = src.object(n, N);
-                    const auto to = dst.object(n, N);
-                    T a[N][N], inverse[N][N];
-                    for (int i = 0; i < N; ++i)
-                        for (int j = 0; j < N; ++j) a[i][j] = from(i, j);
-                    if (!invert_local(a, inverse, accepts_nan<Tier, array>(N))) return smxStsSingularErr;
-                    for (int i = 0; i < N; ++i)
-                        for (int j = 0; j < N; ++j) to(i, j) = inverse[i][j];
-                    return smxStsNoErr;
-                };
-                if constexpr (array) {
-                    const LanePlan plan = lane_plan(count, {{src.lanes(N, N), SameObject::any}}, {dst.lanes(N, N)});
-                    status = for_each_object<T>(
-                        plan, [&](int n) { return SMX_ON_ALL_LANES(n, invert_lanes, plan, N); }, until_failure(one));
-                } else {
-                    status = one(0);
-                }
-            }))
-            return status;
-        for (int n = 0; n < count && status == smxStsNoErr; ++n) status = general(n);
-        return status;
+        if (!is_written_out(side)) return until_failure(general)(0, count);
+        const auto objects_written_out = until_failure(side, [&]<int N>(Side<N>, int n) -> SmxStatus {
+            const auto from = src.object(n, N);
+            const auto to = dst.object(n, N);
+            T a[N][N], inverse[N][N];
+            for (int i = 0; i < N; ++i)
+                for (int j = 0; j < N; ++j) a[i][j] = from(i, j);
+            if (!invert_local(a, inverse, accepts_nan<Tier, array>(N))) return smxStsSingularErr;
+            for (int i = 0; i < N; ++i)
+                for (int j = 0; j < N; ++j) to(i, j) = inverse[i][j];
+            return smxStsNoErr;
+        });
+        if constexpr (array) {
+            const LanePlan plan = lane_plan(count, {{src.lanes(side, side), SameObject::any}}, {dst.lanes(side, side)});
+            return for_each_object<T>(
+                plan, [&](int n) { return SMX_ON_ALL_LANES(n, invert_lanes, plan, side); }, objects_written_out);
+        } else {
+            return objects_written_out(0, 1);
+        }
     }
 
     // Kernels that leave their general path to a `_com` kernel.

@@ -73,22 +73,21 @@ struct LUDecomposition {
     template <class Tier, class Call, class A, class R, class D>
     static SmxStatus objects(Tier, const Inner<Call> &general, const A &src, const R &pivots, const D &dst, int side,
                              int count) {
+        if (is_written_out(side)) {
+            const auto objects_written_out = until_failure(side, [&]<int N>(Side<N>, int n) {
+                return local<N, std::is_same_v<Tier, P>>(src.object(n, N), pivots.object(n), dst.object(n, N));
+            });
+            if constexpr (is_single<D>) {
+                return objects_written_out(0, 1);
+            } else {
+                const LanePlan plan = lane_plan(count, {{src.lanes(side, side), SameObject::any}},
+                                                {dst.lanes(side, side), pivots.lanes(side)});
+                return for_each_object<ElementOf<D>>(
+                    plan, [&](int n) { return SMX_ON_ALL_LANES(n, lu_decompose_lanes, plan, pivots.base, side); },
+                    objects_written_out);
+            }
+        }
         SmxStatus status = smxStsNoErr;
-        if (with_side(side, [&]<int N>(Side<N>) {
-                const auto one = [&](int n) {
-                    return local<N, std::is_same_v<Tier, P>>(src.object(n, N), pivots.object(n), dst.object(n, N));
-                };
-                if constexpr (is_single<D>) {
-                    status = one(0);
-                } else {
-                    const LanePlan plan =
-                        lane_plan(count, {{src.lanes(N, N), SameObject::any}}, {dst.lanes(N, N), pivots.lanes(N)});
-                    status = for_each_object<ElementOf<D>>(
-                        plan, [&](int n) { return SMX_ON_ALL_LANES(n, lu_decompose_lanes, plan, pivots.base, N); },
-                        until_failure(one));
-                }
-            }))
-            return status;
         for (int n = 0; n < count && status == smxStsNoErr; ++n)
             if (all_fit(n, src, dst)) status = general.call(n);
             else // the object's shift is no int
@@ -153,32 +152,31 @@ struct LUBackSubstitution {
     template <bool by_reciprocals, class A, class R, class B, class X>
     static SmxStatus objects(const A &matrix, const R &pivots, const B &rhs, const X &dst, int side, int count) {
         using T = ElementOf<X>;
-        if (with_side(side, [&]<int N>(Side<N>) {
-                T reciprocal[N];
-                if (by_reciprocals)
-                    for (int i = 0; i < N; ++i) reciprocal[i] = T(1) / matrix.object(0, N)(pivots.object(0)[i], i);
-                const T *const given = by_reciprocals ? reciprocal : nullptr;
-                const auto one = [&](int n) {
-                    local<N, T>(matrix.object(n, N), pivots.object(n), rhs.object(n), dst.object(n), given);
-                    return SmxStatus{smxStsNoErr};
-                };
-                if constexpr (is_single<X>) {
-                    one(0);
-                } else {
-                    const LanePlan plan = lane_plan(count,
-                                                    {{matrix.lanes(N, N), SameObject::any},
-                                                     {rhs.lanes(1, N), SameObject::any},
-                                                     {pivots.lanes(N), SameObject::any}},
-                                                    {dst.lanes(1, N)});
-                    for_each_object<T>(
-                        plan, [&](int n) { return SMX_ON_ALL_LANES(n, lu_solve_lanes, plan, pivots.base, given, N); },
-                        until_failure(one));
-                }
-            }))
+        if (!is_written_out(side)) {
+            for (int n = 0; n < count; ++n)
+                general(matrix.object(n, side), pivots.object(n), rhs.object(n), dst.object(n), side);
             return smxStsNoErr;
-        for (int n = 0; n < count; ++n)
-            general(matrix.object(n, side), pivots.object(n), rhs.object(n), dst.object(n), side);
-        return smxStsNoErr;
+        }
+        T reciprocal[6];
+        if (by_reciprocals)
+            for (int i = 0; i < side; ++i) reciprocal[i] = T(1) / matrix.object(0, side)(pivots.object(0)[i], i);
+        const T *const given = by_reciprocals ? reciprocal : nullptr;
+        const auto objects_written_out = until_failure(side, [&]<int N>(Side<N>, int n) {
+            local<N, T>(matrix.object(n, N), pivots.object(n), rhs.object(n), dst.object(n), given);
+            return SmxStatus{smxStsNoErr};
+        });
+        if constexpr (is_single<X>) {
+            return objects_written_out(0, 1);
+        } else {
+            const LanePlan plan = lane_plan(count,
+                                            {{matrix.lanes(side, side), SameObject::any},
+                                             {rhs.lanes(1, side), SameObject::any},
+                                             {pivots.lanes(side), SameObject::any}},
+                                            {dst.lanes(1, side)});
+            return for_each_object<T>(
+                plan, [&](int n) { return SMX_ON_ALL_LANES(n, lu_solve_lanes, plan, pivots.base, given, side); },
+                objects_written_out);
+        }
     }
 
     template <class Tier, class A, class R, class B, class X>

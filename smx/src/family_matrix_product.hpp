@@ -143,7 +143,7 @@ struct MatrixProduct {
     static SmxStatus in_groups(const A &a, W1 w1, H1 h1, const B &b, W2 w2, H2 h2, const D &d, int count,
                                Range one_by_one) {
         const int side = w1.value;
-        if (side != h1.value || side != w2.value || side != h2.value || side < 3 || side > 6)
+        if (side != h1.value || side != w2.value || side != h2.value || !is_written_out(side))
             return one_by_one(0, count);
         const SameObject second = from_zero ? SameObject::none : SameObject::any;
         const LanePlan plan = lane_plan(count, {{a.lanes(side, side), SameObject::none}, {b.lanes(side, side), second}},
@@ -179,7 +179,8 @@ struct MatrixProduct {
     }
     // Array kernels.
     template <class Tier, class A, class B, class D>
-    static SmxStatus run(Tier, const A &a, W1 w1, H1 h1, const B &b, W2 w2, H2 h2, const D &d, Count count) {
+    static SmxStatus run(Tier tier, const A &a, W1 w1, H1 h1, const B &b, W2 w2, H2 h2, const D &d, Count count) {
+        if (std::is_same_v<Tier, Plain> && count.value == 1) return run(tier, a, w1, h1, b, w2, h2, d);
         const auto one_by_one = [&](int first, int last) {
             return objects<Tier>(a, w1.value, h1.value, b, w2.value, h2.value, d, first, last);
         };

@@ -85,12 +85,18 @@ struct MatrixSum {
     template <class T, class A, class B, class D, class Range>
     static SmxStatus in_groups(const A &a, const B &b, const D &d, int width, int height, int count, Range one_by_one) {
         const LaneOperand x = a.lanes(height, width), y = b.lanes(height, width), result = d.lanes(height, width);
-        LaneRun run;
-        if (find_run(run, count, result, x, y)) return compute_run(run, operation), smxStsNoErr;
         const LanePlan plan = lane_plan(count, {{x, SameObject::identical}, {y, SameObject::identical}}, {result},
                                         groups_at_once(result));
         return for_each_object<T>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, matrix_sum_lanes, plan, operation); }, one_by_one);
+    }
+
+    template <class A, class B, class D>
+    [[gnu::always_inline]] static bool in_a_run(const A &a, const B &b, const D &d, int width, int height, int count) {
+        const LaneOperand x = a.lanes(height, width), y = b.lanes(height, width), result = d.lanes(height, width);
+        const std::ptrdiff_t bytes = run_bytes(count, result, x, y);
+        if (bytes != 0) compute_run(x.base, y.base, result.base, bytes, {operation, x.element});
+        return bytes != 0;
     }
 
     // Non-array kernels.
@@ -106,9 +112,15 @@ struct MatrixSum {
     template <class Tier, class A, class B, class D>
     static SmxStatus run(Tier tier, const A &a, const B &b, const D &d, Size<Role::width> width,
                          Size<Role::height> height, Count count) {
+        if (in_a_run(a, b, d, width.value, height.value, count.value)) return smxStsNoErr;
+        return with_gaps(tier, a, b, d, width.value, height.value, count.value);
+    }
+    // By value: a run does without the operands in memory.
+    template <class Tier, class A, class B, class D>
+    [[gnu::noinline]] static SmxStatus with_gaps(Tier tier, A a, B b, D d, int width, int height, int count) {
         using T = ElementOf<D>;
-        return in_groups<T>(a, b, d, width.value, height.value, count.value, [&](int first, int last) {
-            objects<Tier, T>(tier, a, b, d, width.value, height.value, first, last);
+        return in_groups<T>(a, b, d, width, height, count, [&](int first, int last) {
+            objects<Tier, T>(tier, a, b, d, width, height, first, last);
             return smxStsNoErr;
         });
     }

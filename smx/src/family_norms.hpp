@@ -40,7 +40,7 @@ struct L2Norm {
     template <class Tier, class A, class R>
     static SmxStatus run(Tier, const A &a, const R &dst, Size<Role::len> len, Count count) {
         const auto one_by_one = [&](int first, int last) { return objects(a, dst, len.value, first, last); };
-        if (len.value < 3 || len.value > 6) return one_by_one(0, count.value);
+        if (!is_written_out(len.value)) return one_by_one(0, count.value);
         const LanePlan plan = lane_plan(count.value, {{a.lanes(1, len.value), SameObject::any}}, {dst.lanes(1)});
         return for_each_object<ElementOf<A>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, norm_lanes, plan, false, false); }, one_by_one);
@@ -158,7 +158,7 @@ struct FrobeniusNorm {
         using T = ElementOf<A>;
         const int w = width.value, h = height.value;
         const auto one_by_one = [&](int first, int last) { return objects<Tier, true>(a, dst, w, h, first, last); };
-        if (w != h || w < 3 || w > 6) return one_by_one(0, count.value);
+        if (w != h || !is_written_out(w)) return one_by_one(0, count.value);
         const LanePlan plan = lane_plan(count.value, {{a.lanes(h, w), SameObject::any}}, {dst.lanes(1)});
         const bool pairs = std::is_same_v<Tier, P> && w != 3, cuts = cuts_off(cut_off<Tier, T, true>, w, h);
         return for_each_object<T>(

@@ -145,7 +145,7 @@ struct MatrixVectorProduct : VectorSizes {
     static SmxStatus in_groups(const A &a, W1 w1, H1 h1, const B &b, Len2 len2, const D &d, int count,
                                Range one_by_one) {
         const int side = w1.value;
-        if (side != h1.value || side != len2.value || side < 3 || side > 6) return one_by_one(0, count);
+        if (side != h1.value || side != len2.value || !is_written_out(side)) return one_by_one(0, count);
         const LanePlan plan = lane_plan(
             count, {{a.lanes(side, side), SameObject::none}, {b.lanes(1, side), SameObject::none}}, {d.lanes(1, side)});
         return for_each_object<ElementOf<D>>(
@@ -237,7 +237,7 @@ struct Gaxpy : VectorSizes {
             return objects<Tier>(a, w1.value, h1.value, b, c, d, first, last);
         };
         const int side = w1.value;
-        if (side != h1.value || side < 3 || side > 6) return one_by_one(0, count.value);
+        if (side != h1.value || !is_written_out(side)) return one_by_one(0, count.value);
         const LanePlan plan = lane_plan(count.value,
                                         {{a.lanes(side, side), SameObject::none},
                                          {b.lanes(1, side), SameObject::none},

@@ -21,6 +21,10 @@
 namespace smx {
 inline namespace SMX_ISA {
 
+constexpr bool is_fixed_shape(int width, int height) {
+    return (width == 4 && height == 6) || (width == height && is_written_out(width));
+}
+
 template <class T, int W, int H>
 [[gnu::noinline]] bool qr_decompose_local(QRObject<T, W, H> &object) {
     Failure<T> failure;
@@ -65,19 +69,16 @@ struct QRDecomposition {
                          Size<Role::height> height, Count count = 1) {
         const int w = width.value, h = height.value;
         const auto single = [&](int n) { return one(src.object(n, w), buffer.base, dst.object(n, w), w, h); };
-        SmxStatus status = smxStsNoErr;
+        const auto objects = until_failure(single);
         if constexpr (!is_single<D>)
-            if (with_fixed_shape(w, h, [&](auto, auto) {
-                    // The copy comes before everything else, element by element.
-                    const LanePlan plan =
-                        lane_plan(count.value, {{src.lanes(h, w), SameObject::identical}}, {dst.lanes(h, w)});
-                    status = for_each_object<T>(
-                        plan, [&](int n) { return SMX_ON_ALL_LANES(n, qr_decompose_lanes, plan, w, h); },
-                        until_failure(single));
-                }))
-                return status;
-        for (int n = 0; n < count.value && status == smxStsNoErr; ++n) status = single(n);
-        return status;
+            if (is_fixed_shape(w, h)) {
+                // The copy comes before everything else, element by element.
+                const LanePlan plan =
+                    lane_plan(count.value, {{src.lanes(h, w), SameObject::identical}}, {dst.lanes(h, w)});
+                return for_each_object<T>(
+                    plan, [&](int n) { return SMX_ON_ALL_LANES(n, qr_decompose_lanes, plan, w, h); }, objects);
+            }
+        return objects(0, count.value);
     }
 };
 
@@ -109,19 +110,17 @@ struct QRBackSubstitution {
                 through_buffer(matrix.object(n, w), buffer.base, b.object(n), dst.object(n), w, h);
             return smxStsNoErr;
         };
+        const auto objects = until_failure(one);
         if constexpr (!is_single<X>)
-            if (with_fixed_shape(w, h, [&](auto, auto) {
-                    const LanePlan plan = lane_plan(count.value,
-                                                    {{matrix.lanes(h, w), w == h ? SameObject::any : SameObject::none},
-                                                     {b.lanes(1, h), SameObject::any}},
-                                                    {dst.lanes(1, w)});
-                    for_each_object<T>(
-                        plan, [&](int n) { return SMX_ON_ALL_LANES(n, qr_solve_lanes, plan, w, h); },
-                        until_failure(one));
-                }))
-                return smxStsNoErr;
-        for (int n = 0; n < count.value; ++n) one(n);
-        return smxStsNoErr;
+            if (is_fixed_shape(w, h)) {
+                const LanePlan plan = lane_plan(count.value,
+                                                {{matrix.lanes(h, w), w == h ? SameObject::any : SameObject::none},
+                                                 {b.lanes(1, h), SameObject::any}},
+                                                {dst.lanes(1, w)});
+                return for_each_object<T>(
+                    plan, [&](int n) { return SMX_ON_ALL_LANES(n, qr_solve_lanes, plan, w, h); }, objects);
+            }
+        return objects(0, count.value);
     }
 };
 

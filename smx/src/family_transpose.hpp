@@ -76,7 +76,7 @@ struct Transpose {
         const auto one_by_one = [&](int first, int last) {
             return objects(tier, a, d, width.value, height.value, first, last);
         };
-        if (side != height.value || side < 3 || side > 6) return one_by_one(0, count.value);
+        if (side != height.value || !is_written_out(side)) return one_by_one(0, count.value);
         // A copy of the source as seen transposed.
         const LaneOperand result = d.lanes(side, side);
         const LanePlan plan = lane_plan(count.value, {{transposed(a).lanes(side, side), SameObject::none}}, {result},

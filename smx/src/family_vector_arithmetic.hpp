@@ -24,9 +24,11 @@ constexpr bool is_single_vector = false;
 template <class T, bool Adjacent>
 constexpr bool is_single_vector<Strided<T, 1, false, Adjacent>> = true;
 template <class Operand>
-constexpr bool is_constant = false;
+constexpr bool is_value = false;
 template <class T>
-constexpr bool is_constant<Value<T>> = true;
+constexpr bool is_value<Value<T>> = true;
+template <class Operand>
+constexpr bool is_constant = is_value<Operand>;
 template <class T>
 constexpr bool is_constant<Strided<T, 0, true, true>> = true;
 template <class T>
@@ -92,8 +94,6 @@ struct VectorArithmetic {
     template <class A, class T, class D, class Range>
     static SmxStatus in_groups(const A &a, const Value<T> &b, const D &d, int len, int count, Range one_by_one) {
         const LaneOperand x = a.lanes(1, len), result = d.lanes(1, len);
-        LaneRun run;
-        if (find_run(run, count, result, x)) return compute_run(run, operation, b.value), smxStsNoErr;
         const LanePlan plan = lane_plan(count, {{x, SameObject::identical}}, {result});
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, vector_arithmetic_lanes, plan, operation, b.value); },
@@ -105,12 +105,25 @@ struct VectorArithmetic {
         const LaneSource y = is_constant<B> ? LaneSource{b.lanes(1, 1), SameObject::any}
                                             : LaneSource{b.lanes(1, len), SameObject::identical};
         const LaneOperand x = a.lanes(1, len), result = d.lanes(1, len);
-        LaneRun run;
-        if (find_run(run, count, result, x, y.operand)) return compute_run(run, operation), smxStsNoErr;
         const LanePlan plan = lane_plan(count, {{x, SameObject::identical}, y}, {result});
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, vector_arithmetic_lanes, plan, operation, 0.0); },
             one_by_one);
+    }
+
+    template <class A, class B, class D>
+    [[gnu::always_inline]] static bool in_a_run(const A &a, const B &b, const D &d, int len, int count) {
+        const LaneOperand x = a.lanes(1, len), result = d.lanes(1, len);
+        std::ptrdiff_t bytes = 0;
+        if constexpr (is_value<B>) {
+            bytes = run_bytes(count, result, x);
+            if (bytes != 0) compute_run(x.base, nullptr, result.base, bytes, {operation, x.element}, b.value);
+        } else if constexpr (!is_constant<B>) {
+            const LaneOperand y = b.lanes(1, len);
+            bytes = run_bytes(count, result, x, y);
+            if (bytes != 0) compute_run(x.base, y.base, result.base, bytes, {operation, x.element});
+        }
+        return bytes != 0;
     }
 
     // Non-array kernels.
@@ -121,10 +134,16 @@ struct VectorArithmetic {
     // Array kernels.
     template <class Tier, class A, class B, class D>
     static SmxStatus run(Tier, const A &a, const B &b, const D &d, Size<Role::len> len, Count count) {
-        const auto one_by_one = [&](int first, int last) { return objects<Tier>(a, b, d, len.value, first, last); };
+        if (in_a_run(a, b, d, len.value, count.value)) return smxStsNoErr;
+        return with_gaps<Tier>(a, b, d, len.value, count.value);
+    }
+    // By value: a run does without the operands in memory.
+    template <class Tier, class A, class B, class D>
+    [[gnu::noinline]] static SmxStatus with_gaps(A a, B b, D d, int len, int count) {
+        const auto one_by_one = [&](int first, int last) { return objects<Tier>(a, b, d, len, first, last); };
         // A long pointer table takes longer to look through than to walk.
-        if (std::is_same_v<Tier, P> && len.value > 6) return one_by_one(0, count.value);
-        return in_groups(a, b, d, len.value, count.value, one_by_one);
+        if (std::is_same_v<Tier, P> && len > 6) return one_by_one(0, count);
+        return in_groups(a, b, d, len, count, one_by_one);
     }
     // List kernels that call the non-array kernel; its status is not looked at.
     template <class Tier, class Call, class A, class B, class D>

@@ -57,7 +57,7 @@ struct DotProduct {
     template <class Tier, class A, class B, class R>
     static SmxStatus run(Tier, const A &a, const B &b, const R &dst, Size<Role::len> len, Count count) {
         const auto one_by_one = [&](int first, int last) { return objects<Tier>(a, b, dst, len.value, first, last); };
-        if (len.value < 3 || len.value > 6) return one_by_one(0, count.value);
+        if (!is_written_out(len.value)) return one_by_one(0, count.value);
         const LanePlan plan =
             lane_plan(count.value, {{a.lanes(1, len.value), SameObject::any}, {b.lanes(1, len.value), SameObject::any}},
                       {dst.lanes(1)});

@@ -55,14 +55,18 @@ inline int lane_width() {
     namespace smx::avx512 {                  \
     result name(__VA_ARGS__);                \
     }
-#define SMX_ON_LANES(name, ...)                                                             \
-    (smx::instruction_set() == smx::InstructionSet::avx512 ? smx::avx512::name(__VA_ARGS__) \
-     : smx::instruction_set() == smx::InstructionSet::avx2 ? smx::avx2::name(__VA_ARGS__)   \
-                                                           : smx::baseline::name(__VA_ARGS__))
+#define SMX_ON_LANES(name, ...) SMX_ON_LANES_UP_TO(smx::InstructionSet::avx512, name, __VA_ARGS__)
+#define SMX_ON_LANES_UP_TO(widest, name, ...)                                                       \
+    (smx::instruction_set() == smx::InstructionSet::avx512 && widest >= smx::InstructionSet::avx512 \
+         ? smx::avx512::name(__VA_ARGS__)                                                           \
+     : smx::instruction_set() >= smx::InstructionSet::avx2 && widest >= smx::InstructionSet::avx2   \
+         ? smx::avx2::name(__VA_ARGS__)                                                             \
+         : smx::baseline::name(__VA_ARGS__))
 #else
 #define SMX_DECLARE_LANES(result, name, ...) \
     namespace smx::baseline {                \
     result name(__VA_ARGS__);                \
     }
 #define SMX_ON_LANES(name, ...) smx::baseline::name(__VA_ARGS__)
+#define SMX_ON_LANES_UP_TO(widest, name, ...) (static_cast<void>(widest), smx::baseline::name(__VA_ARGS__))
 #endif

@@ -14,6 +14,12 @@ inline namespace SMX_ISA {
 
 // ---- groups of R by C objects (a vector is one row)
 
+// An operand as objects of that shape, with nothing known yet.
+template <class T, int R, int C>
+struct Shaped {
+    const LaneOperand &o;
+};
+
 template <class T, int R, int C>
 struct LaneAccess {
     using Num = Pack<T>;
@@ -199,8 +205,8 @@ struct PackedObjects : Registers<T, R * C> {
     static constexpr int bytes = R * C * static_cast<int>(sizeof(T));
     static constexpr bool few = LaneAccess<T, R, C>::few;
     const Byte *base;
-    explicit PackedObjects(const LaneAccess<T, R, C> &a, Registers<T, R *C> registers = {})
-        : Registers<T, R * C>(registers), base(static_cast<const Byte *>(a.o.base)) {}
+    explicit PackedObjects(const LaneOperand &o, Registers<T, R *C> registers = {})
+        : Registers<T, R * C>(registers), base(static_cast<const Byte *>(o.base)) {}
     const Byte *group(int n) const { return base + std::ptrdiff_t{n} * bytes; }
     PackedRows<bytes> rows(int n) const { return {group(n)}; }
     Pack<T> load_register(int n, int k) const { return Registers<T, R * C>::load(group(n), k); }
@@ -218,7 +224,8 @@ struct PackedObjects : Registers<T, R * C> {
 };
 template <class T, int R, int C>
 struct Objects<Known::packed, T, R, C> : PackedObjects<T, R, C, WholeGroup> {
-    using PackedObjects<T, R, C, WholeGroup>::PackedObjects;
+    explicit Objects(const Shaped<T, R, C> &a) : PackedObjects<T, R, C, WholeGroup>(a.o) {}
+    explicit Objects(const LaneAccess<T, R, C> &a) : PackedObjects<T, R, C, WholeGroup>(a.o) {}
 };
 template <class T, int R, int C>
 struct Objects<Known::strided, T, R, C> {

@@ -43,9 +43,9 @@ template <class T, int at_once = 1, bool in_order = false, bool light = false, c
 }
 
 // The same, body(n, objects...), where the layout of all operands is known.
-template <Known known, class T, class Body, int... R, int... C>
+template <Known known, class T, class Body, template <class, int, int> class Operand, int... R, int... C>
 [[gnu::always_inline]] inline int each_group_known(const LanePlan &plan, int first, Body body,
-                                                   const LaneAccess<T, R, C> &...operands) {
+                                                   const Operand<T, R, C> &...operands) {
     return [&](const auto... objects) __attribute__((always_inline)) {
         constexpr bool in_order = known == Known::listed && (Objects<Known::listed, T, R, C>::in_order && ...);
         constexpr bool light = known == Known::packed || known == Known::planes || known == Known::strided;
@@ -55,7 +55,7 @@ template <Known known, class T, class Body, int... R, int... C>
         if constexpr (known == Known::packed && ((LaneAccess<T, R, C>::few || R * C == 1) && ...)) {
             const int left = plan.count - n;
             if (0 < left && left < Pack<T>::width) [[unlikely]] {
-                if (body(n, PackedObjects<T, R, C, PartOfGroup>(operands, PartOfGroup<T, R * C>{left})...))
+                if (body(n, PackedObjects<T, R, C, PartOfGroup>(operands.o, PartOfGroup<T, R * C>{left})...))
                     n = plan.count;
             }
         }
@@ -64,20 +64,28 @@ template <Known known, class T, class Body, int... R, int... C>
     }
     (Objects<known, T, R, C>(operands)...);
 }
-// The same where it is one of those named, or none: for bodies that do so little that the way of the loads counts.
-template <class T, Known... layouts, class Body, class... Operands>
+// The same where it is one of those named, or none: for bodies that do so little that the way of the loads counts. What
+// a plan knows to be packed needs no look at the operands.
+template <class T, Known... layouts, class Body, template <class, int, int> class Operand, int... R, int... C>
 [[gnu::always_inline]] inline int each_group_by(const LanePlan &plan, int first, Body body,
-                                                const Operands &...operands) {
-    int done = first;
-    [[maybe_unused]] const auto as = [&]<Known known>(Fixed<known>) __attribute__((always_inline)) {
-        // Beside what narrow packs do not save, a decision is little; the code for each layout would be much.
-        if constexpr (few_lanes) return false;
-        const bool fits = (is_known(operands, known) && ...);
-        if (fits) done = each_group_known<known, T>(plan, first, body, operands...);
-        return fits;
-    };
-    if ((as(Fixed<layouts>{}) || ...)) return done;
-    return each_group_known<Known::nothing, T>(plan, first, body, operands...);
+                                                const Operand<T, R, C> &...operands) {
+    // Beside what narrow packs do not save, a decision is little; the code for each layout would be much.
+    constexpr bool decides = !few_lanes;
+    if constexpr (decides && ((layouts == Known::packed) || ...))
+        if (plan.packed && !(operands.o.single || ...))
+            return each_group_known<Known::packed, T>(plan, first, body, Shaped<T, R, C>{operands.o}...);
+    return [&](const auto &...accesses) __attribute__((always_inline)) {
+        int done = first;
+        [[maybe_unused]] const auto as = [&]<Known known>(Fixed<known>) __attribute__((always_inline)) {
+            if constexpr (!decides || known == Known::packed) return false;
+            const bool fits = (is_known(accesses, known) && ...);
+            if (fits) done = each_group_known<known, T>(plan, first, body, accesses...);
+            return fits;
+        };
+        if ((as(Fixed<layouts>{}) || ...)) return done;
+        return each_group_known<Known::nothing, T>(plan, first, body, accesses...);
+    }
+    (LaneAccess<T, R, C>(operands.o)...);
 }
 
 // Structures of arrays of any shape, taken element by element of `plane_groups` groups at once; others are not touched.
@@ -208,7 +216,6 @@ template <class T, int L, class F, class... Starts>
 // Runs are left to a narrower set where small steps are faster: split registers beyond the first cache, where 64 bytes
 // wait for the stores if the operands lie an unlucky distance apart. Through memory, the processor fetches further
 // ahead of 16.
-constexpr std::ptrdiff_t near_bytes = 48 << 10; // of all operands
 inline bool leaves_run(std::ptrdiff_t bytes, int operands) {
     const bool steps_are_halves = pack_bytes > 32 && splits_registers();
     return pack_bytes > 16 && (bytes >= far_bytes || (steps_are_halves && operands * bytes > near_bytes));
@@ -243,12 +250,13 @@ template <class T, class F, class... Sources>
     one_by_one(e, bytes);
 }
 
-// Calls f(T{}, Side<n>{}) for an element type and a side of 3 to 6; else, or if there is less than one group, nothing
-// is done.
-template <class F>
+// Calls f(T{}, Side<n>{}) for an element type and a side of 3 to 6; else nothing is done. Nor is it with less than one
+// group, unless the loops have a way for that, too.
+enum class Fewest { group, one };
+template <Fewest fewest = Fewest::group, class F>
 [[gnu::always_inline]] inline int by_type_and_side(const LanePlan &plan, int element, int side, int first, F f) {
     int done = first;
-    if ((plan.count - first) * element < pack_bytes) return first;
+    if (fewest == Fewest::group && (plan.count - first) * element < pack_bytes) return first;
     if (element == sizeof(float)) with_side(side, [&](auto s) { done = f(float{}, s); });
     else with_side(side, [&](auto s) { done = f(double{}, s); });
     return done;

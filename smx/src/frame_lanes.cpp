@@ -5,6 +5,7 @@
 
 #include <limits.h>
 #include <stdint.h>
+#include <string.h>
 
 namespace smx {
 
@@ -201,8 +202,6 @@ bool overlapping_pair(const LanePlan &plan, const LaneSource &source, const Lane
 
 namespace {
 
-constexpr int far_count = 1024; // at least, or it is not worth a look
-
 // Is it more than a cache holds, in objects of one run each?
 bool is_far(const LaneOperand &o, ptrdiff_t bytes, int count) {
     const bool in_one_run = o.stride2 == o.element && (o.rows == 1 || o.stride1 == o.columns * ptrdiff_t{o.element});
@@ -232,16 +231,10 @@ void note_far(LanePlan &plan) {
 
 } // namespace
 
-// Every call comes through here: what most calls need is inline, and the rest out of the way.
+// What most calls need is inline, and the rest out of the way.
 void judge(LanePlan &plan) {
-    plan.verdict = Verdict::never;
-    plan.watched = false;
-    plan.far = plan.far_masked = 0;
-    plan.doubts = 0;
-    plan.lists_are_seen = false;
-    plan.alone = {};
     const int count = plan.count;
-    if (count < 2 || instruction_set() == InstructionSet::sequential) return;
+    if (instruction_set() == InstructionSet::sequential) return;
     // Footprints grow upwards. The interface refuses other strides; who calls a kernel may have objects that go down.
     const auto goes_down = [](const LaneOperand &o) { return (o.stride0 | o.stride1 | o.stride2) < 0; };
     // Sources, then results.
@@ -253,15 +246,18 @@ void judge(LanePlan &plan) {
         return f;
     };
     const int sources = plan.sources;
+    bool packed = true;
     for (int j = 0; j < sources; ++j) {
         const LaneOperand &s = plan.source[j].operand;
         if (goes_down(s)) return;
         look_at(j, s);
+        packed = packed && is_packed(s);
     }
     for (int i = 0; i < plan.results; ++i) {
         const LaneOperand &d = plan.result[i];
         // Where elements of a result share an address, the order of the stores shows.
         if (goes_down(d) || !elements_apart(d)) return;
+        packed = packed && is_packed(d);
         const bool listed = d.addressing == Addressing::list;
         const Footprint f = look_at(sources + i, d);
         const auto apart = [&](int k) { return high[k] <= f.low || f.high <= low[k]; };
@@ -277,6 +273,7 @@ void judge(LanePlan &plan) {
             else if (!apart(sources + j) && !overlapping_pair(plan, {plan.result[j], SameObject::none}, d)) return;
         }
     }
+    plan.packed = packed;
     if (count >= far_count) note_far(plan);
     plan.verdict = plan.doubts != 0 ? Verdict::by_group : Verdict::always;
     plan.watched = plan.doubts != 0 || plan.far != 0;
@@ -438,11 +435,20 @@ int safe_alone_until(const LanePlan &plan, int first) {
     return n;
 }
 
-void copy_run(const LaneRun &run) {
-    SMX_ON_ALL_LANES(ptrdiff_t{0}, copy_run_lanes, run);
+// Through memory, the processor fetches further ahead of steps of 16 bytes.
+void copy_run(const void *x, const void *result, ptrdiff_t bytes) {
+    if (bytes >= far_bytes) return baseline::copy_run_lanes(x, result, bytes);
+    if (2 * bytes <= near_bytes) return SMX_ON_LANES(copy_run_lanes, x, result, bytes);
+    // In between nothing is faster than the processor's instruction for blocks.
+    if (x != result) memcpy(const_cast<void *>(result), x, static_cast<size_t>(bytes));
 }
-void compute_run(const LaneRun &run, Arithmetic operation, double constant) {
-    SMX_ON_ALL_LANES(ptrdiff_t{0}, compute_run_lanes, run, operation, constant);
+// Where registers are split, 64 bytes wait for the stores beyond the first cache if the operands lie an unlucky distance
+// apart.
+void compute_run(const void *x, const void *y, const void *result, ptrdiff_t bytes, RunKind kind, double constant) {
+    if (bytes >= far_bytes) return baseline::compute_run_lanes(x, y, result, bytes, kind, constant);
+    const bool in_halves = splits_registers() && (y == nullptr ? 2 : 3) * bytes > near_bytes;
+    const InstructionSet widest = in_halves ? InstructionSet::avx2 : InstructionSet::avx512;
+    return SMX_ON_LANES_UP_TO(widest, compute_run_lanes, x, y, result, bytes, kind, constant);
 }
 
 bool safe_in_pairs(const LanePlan &plan, int first) {

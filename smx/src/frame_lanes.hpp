@@ -5,6 +5,8 @@
 // of the group (a LanePlan finds that out), and what fails is run again one by one.
 #pragma once
 
+#include <utility>
+
 #include "frame_lane_operand.hpp"
 #include "frame_operands.hpp"
 #include "smxdefs.h"
@@ -41,8 +43,11 @@ constexpr unsigned far_result(int result) {
     return 1u << (4 + result);
 }
 
-// An operand of so many bytes is more than the caches hold.
+// An operand of so many bytes is more than the caches hold; fewer objects are not worth a look.
 constexpr std::ptrdiff_t far_bytes = 8 << 20;
+constexpr int far_count = 1024;
+// All operands together fit into the first cache.
+constexpr std::ptrdiff_t near_bytes = 48 << 10;
 
 struct LaneSource {
     LaneOperand operand;
@@ -62,6 +67,7 @@ struct LanePlan {
     int results;
     int count;
     int groups;   // of the widest lanes, that may be loaded before any of them is stored
+    bool packed;  // the arrays among the operands have no gaps in and between objects
     bool watched; // begin_group() may have something to do
     // Operands whose lines are touched ahead of a group (begin_group), or of objects that are read by masks, a bit
     // each.
@@ -73,7 +79,18 @@ struct LanePlan {
     mutable ListAlone alone; // its list is null unless that is the only doubt that is left
 };
 
-// Fills in the verdict for so many groups of the chosen instruction set's widest lanes at once.
+inline namespace SMX_ISA {
+// An array without gaps in and between objects, or no array.
+[[gnu::always_inline]] inline bool is_packed(const LaneOperand &o) {
+    const std::ptrdiff_t row = std::ptrdiff_t{o.columns} * o.element;
+    return o.single ||
+           (o.addressing == Addressing::strided && !o.transposed && (o.stride2 == o.element || o.columns == 1) &&
+            (o.stride1 == row || o.rows == 1) && o.stride0 == o.rows * row);
+}
+} // namespace SMX_ISA
+
+// Fills in the verdict on more than one object, nothing having been found out yet, for so many groups of the chosen
+// instruction set's widest lanes at once.
 void judge(LanePlan &plan);
 // Looks through a plan's lists unless that has been done; does any doubt remain?
 bool lists_are_in_doubt(const LanePlan &plan);
@@ -99,19 +116,74 @@ bool safe_in_pairs(const LanePlan &plan, int first);
 
 inline namespace SMX_ISA {
 
+// An operand of what most calls are: strided, results with their objects and rows one behind the other.
+struct PlainOperand {
+    std::uintptr_t low, high; // of all objects
+    bool plain, packed;
+    [[gnu::always_inline]] PlainOperand(const LaneOperand &o, int count, bool is_result) {
+        const std::ptrdiff_t row = (o.columns - 1) * o.stride2 + o.element;
+        const std::ptrdiff_t extent = (o.rows - 1) * o.stride1 + row, stride0 = o.single ? 0 : o.stride0;
+        plain = o.addressing == Addressing::strided && (o.stride0 | o.stride1 | o.stride2) >= 0 &&
+                (!is_result || (stride0 >= extent && (o.rows == 1 || o.stride1 >= row)));
+        packed = is_packed(o);
+        low = reinterpret_cast<std::uintptr_t>(o.base);
+        high = low + static_cast<std::uintptr_t>((count - 1) * stride0 + extent);
+    }
+    bool apart_from(const PlainOperand &other) const { return high <= other.low || other.high <= low; }
+};
+
+// Verdict and `packed` where all operands are plain, the results away from all else, and not so many that memory
+// matters. Written without a loop, so that nearly all of it is known beforehand: judge() takes a third of a short call.
+template <int... source, int... result>
+[[gnu::always_inline]] inline bool judge_plain(LanePlan &plan, const LaneSource (&sources)[sizeof...(source)],
+                                               const LaneOperand (&results)[sizeof...(result)],
+                                               std::integer_sequence<int, source...>,
+                                               std::integer_sequence<int, result...>) {
+    // The code pays only where the elements of a row are adjacent by the kernel's tier.
+    if (!((__builtin_constant_p(sources[source].operand.stride2) && ...) &&
+          (__builtin_constant_p(results[result].stride2) && ...)))
+        return false;
+    const int count = plan.count;
+    const PlainOperand from[] = {PlainOperand(sources[source].operand, count, false)...};
+    const PlainOperand to[] = {PlainOperand(results[result], count, true)...};
+    const auto apart_from_sources = [&](const PlainOperand &d) { return (from[source].apart_from(d) && ...); };
+    const auto apart_from_earlier = [&]<int i>(Side<i>) {
+        return ((result >= i || to[result].apart_from(to[i])) && ...);
+    };
+    const bool plain = count < far_count && (from[source].plain && ...) && (to[result].plain && ...) &&
+                       (apart_from_sources(to[result]) && ...) && (apart_from_earlier(Side<result>{}) && ...) &&
+                       instruction_set() != InstructionSet::sequential;
+    plan.packed = plain && (from[source].packed && ...) && (to[result].packed && ...);
+    if (plain) plan.verdict = Verdict::always;
+    return plain;
+}
+
 // A plan from a row's operands as LaneOperands: sources with their rule, then results; `groups` if more than one group
 // is loaded before it is stored.
 template <int Sources, int Results>
 [[gnu::always_inline]] inline LanePlan lane_plan(int count, const LaneSource (&sources)[Sources],
                                                  const LaneOperand (&results)[Results], int groups = 1) {
+    constexpr auto each_source = std::make_integer_sequence<int, Sources>{};
+    constexpr auto each_result = std::make_integer_sequence<int, Results>{};
     LanePlan plan;
-    for (int i = 0; i < Sources; ++i) plan.source[i] = sources[i];
-    for (int i = 0; i < Results; ++i) plan.result[i] = results[i];
+    plan.count = count;
+    plan.verdict = Verdict::never;
+    if (count < 2) return plan; // nothing else is asked then
+    [&]<int... i>(std::integer_sequence<int, i...>) {
+        ((plan.source[i] = sources[i]), ...);
+    }
+    (each_source);
+    [&]<int... i>(std::integer_sequence<int, i...>) {
+        ((plan.result[i] = results[i]), ...);
+    }
+    (each_result);
     plan.sources = Sources;
     plan.results = Results;
-    plan.count = count;
     plan.groups = groups;
-    judge(plan);
+    plan.packed = plan.watched = plan.lists_are_seen = false;
+    plan.far = plan.far_masked = plan.doubts = 0;
+    plan.alone = {};
+    if (!judge_plain(plan, sources, results, each_source, each_result)) judge(plan);
     return plan;
 }
 
@@ -125,7 +197,7 @@ inline int groups_at_once(const LaneOperand &result) {
 // done (a failing or unsafe group, or the remainder); range(first, last) runs objects one by one and returns the first
 // status that is not 0.
 template <class T, class Groups, class Range>
-inline SmxStatus for_each_object(const LanePlan &plan, Groups groups, Range range) {
+inline SmxStatus for_each_object(const LanePlan &plan, const Groups &groups, const Range &range) {
     const int width = lane_width<T>();
     int n = 0;
     while (n < plan.count) {
@@ -151,6 +223,18 @@ inline auto until_failure(One one) {
     return [one](int first, int last) {
         SmxStatus status = smxStsNoErr;
         for (int n = first; n < last && status == smxStsNoErr; ++n) status = one(n);
+        return status;
+    };
+}
+
+// The same for sides 3 to 6, which are written out: one(Side<N>{}, n).
+template <class One>
+inline auto until_failure(int side, One one) {
+    return [side, one](int first, int last) {
+        SmxStatus status = smxStsNoErr;
+        with_side(side, [&](auto constant) {
+            for (int n = first; n < last && status == smxStsNoErr; ++n) status = one(constant, n);
+        });
         return status;
     };
 }

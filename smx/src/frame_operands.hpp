@@ -310,6 +310,10 @@ template <class F>
     }
 }
 
+constexpr bool is_written_out(int side) {
+    return side >= 3 && side <= 6;
+}
+
 template <class... Operands>
 constexpr bool all_adjacent(const Operands &...o) {
     return (o.adjacent() && ...);

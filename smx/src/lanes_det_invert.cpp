@@ -11,8 +11,8 @@ namespace {
 template <class T, int N>
 SMX_LANE_LOOP int determinants(const LanePlan &plan, int first) {
     using Num = Pack<T>;
-    const LaneAccess<T, N, N> src(plan.source[0].operand);
-    const LaneAccess<T, 1, 1> dst(plan.result[0]);
+    const Shaped<T, N, N> src{plan.source[0].operand};
+    const Shaped<T, 1, 1> dst{plan.result[0]};
     if (few_lanes && N == 3 && sizeof(T) == 8) return first;
     const auto body = [&](int n, const auto &from, const auto &to) {
         Num a[N][N];
@@ -29,9 +29,10 @@ SMX_LANE_LOOP int determinants(const LanePlan &plan, int first) {
 template <class T, int N>
 SMX_LANE_LOOP int invert(const LanePlan &plan, int first) {
     using Num = Pack<T>;
-    const LaneAccess<T, N, N> src(plan.source[0].operand), dst(plan.result[0]);
+    const Shaped<T, N, N> src{plan.source[0].operand}, dst{plan.result[0]};
     // To bring so little into the widest lanes and back takes longer than to compute half as many at once.
-    if (pack_bytes == 64 && N == 3 && sizeof(T) == 8 && splits_registers() && !is_known(dst, Known::planes))
+    if (pack_bytes == 64 && N == 3 && sizeof(T) == 8 && splits_registers() &&
+        !is_known(LaneAccess<T, N, N>(dst.o), Known::planes))
         return first;
     const auto body = [&](int n, const auto &from, const auto &to) {
         Num a[N][N], inverse[N][N];

@@ -37,6 +37,10 @@ int values(const LanePlan &plan, int first) {
     });
 }
 
+// Two at once gain too little for so much code: a fifth with vectors, whose back substitution is one object's.
+template <class T>
+constexpr bool worth_it = Pack<T>::width > 2;
+
 // A group on its way from Q and T to the vectors: w holds T, first Q and then the vectors, second those of left mode
 // where both are wanted.
 template <class T>
@@ -104,13 +108,16 @@ int eigen_lanes(const LanePlan &plan, int side, int first) {
         using T = decltype(zero);
         int n = first;
         if constexpr (eigen_groups_at_once<T> == 2) n = values<Twin<T>, 2, s.value>(plan, n);
-        return values<Pack<T>, 1, s.value>(plan, n);
+        if constexpr (worth_it<T>) n = values<Pack<T>, 1, s.value>(plan, n);
+        return n;
     });
 }
 
 int eigen_vectors_lanes(const LanePlan &plan, int side, unsigned modes, int first) {
     return by_type_and_side(plan, plan.result[0].element, side, first, [&](auto zero, auto s) {
-        return values_and_vectors<decltype(zero), decltype(s)::value>(plan, modes, first);
+        using T = decltype(zero);
+        if constexpr (worth_it<T>) return values_and_vectors<T, decltype(s)::value>(plan, modes, first);
+        return first;
     });
 }
 

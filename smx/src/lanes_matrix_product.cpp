@@ -124,7 +124,7 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
 
 int matrix_product_lanes(const LanePlan &plan, bool from_zero, int first) {
     const LaneOperand &d = plan.result[0];
-    return by_type_and_side(plan, d.element, d.rows, first, [&](auto zero, auto side) {
+    return by_type_and_side<Fewest::one>(plan, d.element, d.rows, first, [&](auto zero, auto side) {
         using T = decltype(zero);
         constexpr int N = decltype(side)::value;
         return from_zero ? product<T, N, true>(plan, first) : product<T, N, false>(plan, first);

@@ -50,7 +50,7 @@ int sum(const LanePlan &plan, int first) {
     first = d.element == sizeof(float) ? plane_by_plane<float>(plan, first, sum, d, a, b)
                                        : plane_by_plane<double>(plan, first, sum, d, a, b);
     if (d.rows != d.columns) return first;
-    return by_type_and_side(plan, d.element, d.rows, first, [&](auto zero, auto side) {
+    return by_type_and_side<Fewest::one>(plan, d.element, d.rows, first, [&](auto zero, auto side) {
         return square<operation, decltype(zero), decltype(side)::value>(plan, first);
     });
 }

@@ -12,8 +12,8 @@ namespace {
 template <bool pairs, class T, int R, int C>
 SMX_LANE_LOOP int norm(const LanePlan &plan, bool cuts_off, int first) {
     constexpr int E = R * C;
-    const LaneAccess<T, R, C> src(plan.source[0].operand);
-    const LaneAccess<T, 1, 1> dst(plan.result[0]);
+    const Shaped<T, R, C> src{plan.source[0].operand};
+    const Shaped<T, 1, 1> dst{plan.result[0]};
     const auto body = [&](int n, const auto &from, const auto &to) {
         const auto plus_square = [](auto sum, Pack<T> x) __attribute__((always_inline)) {
             const auto wide = widened(x);
@@ -48,7 +48,7 @@ SMX_LANE_LOOP int trace(const LanePlan &plan, int first) {
     const Access src(plan.source[0].operand);
     const LaneAccess<T, 1, 1> dst(plan.result[0]);
     if constexpr (loads_ends && sizeof(T) == sizeof(float) && N <= 4)
-        if (is_known(src, Known::packed) && is_known(dst, Known::packed))
+        if (plan.packed)
             return each_group_known<Known::packed, T>(
                 plan, first,
                 [&](int n, const auto &from, const auto &to) {
@@ -80,7 +80,7 @@ SMX_LANE_LOOP int trace(const LanePlan &plan, int first) {
 int norm_lanes(const LanePlan &plan, bool pairs, bool cuts_off, int first) {
     if constexpr (few_lanes) return first;
     const LaneOperand &o = plan.source[0].operand;
-    return by_type_and_side(plan, plan.result[0].element, o.columns, first, [&](auto zero, auto side) {
+    return by_type_and_side<Fewest::one>(plan, plan.result[0].element, o.columns, first, [&](auto zero, auto side) {
         using T = decltype(zero);
         constexpr int N = decltype(side)::value;
         if (o.rows == 1) return norm<false, T, 1, N>(plan, cuts_off, first);

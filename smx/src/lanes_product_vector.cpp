@@ -280,6 +280,8 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
     const bool by_columns = dst.way == Vectors::Way::rows && (!adds || added.way == Vectors::Way::rows) &&
                             vector.o.addressing != Addressing::pointers;
     if (matrix.o.single) {
+        // To spread out a large matrix for a part of a group takes longer than narrower lanes.
+        if (N > 4 && plan.count - first < Num::width) return first;
         const bool packed = vector.packed && added.packed && dst.packed;
         if constexpr (N == 3 && rearranges)
             if (packed) return one_matrix_of_three<T, from_zero, adds>(plan, first, vector, added, dst);
@@ -332,7 +334,7 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
 
 int matrix_vector_lanes(const LanePlan &plan, bool from_zero, int first) {
     const LaneOperand &d = plan.result[0];
-    return by_type_and_side(plan, d.element, d.columns, first, [&](auto zero, auto side) {
+    return by_type_and_side<Fewest::one>(plan, d.element, d.columns, first, [&](auto zero, auto side) {
         using T = decltype(zero);
         constexpr int N = decltype(side)::value;
         return plan.sources == 3 ? product<T, N, false, true>(plan, first)

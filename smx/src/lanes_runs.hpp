@@ -8,12 +8,9 @@ namespace smx {
 
 enum class Arithmetic { add, subtract, subtract_from, multiply };
 
-// One or two sources, as long as the result; each is the result itself or apart from it.
-struct LaneRun {
-    const void *source[2];
-    const void *result;
-    std::ptrdiff_t count; // of elements
-    int sources;
+// What is computed of an element of a run.
+struct RunKind {
+    Arithmetic operation;
     int element; // its size
 };
 
@@ -27,36 +24,38 @@ template <Arithmetic operation, class V>
     else return x * y;
 }
 
-// Are all operands of a call runs without an overlap that could show? Inlined, nearly all of it is known beforehand.
+// The bytes of a call's operands if all are runs, and each source is the result itself or apart from it; else 0.
+// Inlined, nearly all of it is known beforehand.
 template <class... Operands>
-[[gnu::always_inline]] inline bool find_run(LaneRun &run, int count, const LaneOperand &d, const Operands &...sources) {
-    const auto object = [](const LaneOperand &o) { return std::ptrdiff_t{o.rows} * o.columns * o.element; };
+[[gnu::always_inline]] inline std::ptrdiff_t run_bytes(int count, const LaneOperand &d, const Operands &...sources) {
+    const std::ptrdiff_t object = std::ptrdiff_t{d.rows} * d.columns * d.element, bytes = count * object;
     const auto without_gaps = [&](const LaneOperand &o) {
         return o.addressing == Addressing::strided && !o.single && !o.transposed && o.stride2 == o.element &&
-               (o.rows == 1 || o.stride1 == o.columns * o.stride2) && o.stride0 == object(d) && object(o) == object(d);
+               (o.rows == 1 || o.stride1 == o.columns * o.stride2) && o.stride0 == object &&
+               std::ptrdiff_t{o.rows} * o.columns * o.element == object;
     };
-    if (!without_gaps(d) || !(without_gaps(sources) && ...)) return false;
-    run = {{sources.base...}, d.base, std::ptrdiff_t{count} * d.rows * d.columns, sizeof...(sources), d.element};
     const auto fine = [&](const LaneOperand &o) {
         const std::uintptr_t behind =
             reinterpret_cast<std::uintptr_t>(o.base) - reinterpret_cast<std::uintptr_t>(d.base);
-        const auto bytes = static_cast<std::uintptr_t>(count * object(d));
-        return behind == 0 || (behind >= bytes && -behind >= bytes);
+        return behind == 0 ||
+               (behind >= static_cast<std::uintptr_t>(bytes) && -behind >= static_cast<std::uintptr_t>(bytes));
     };
-    return (fine(sources) && ...) && instruction_set() != InstructionSet::sequential;
+    const bool is_run = without_gaps(d) && (without_gaps(sources) && ...) && (fine(sources) && ...);
+    return is_run && instruction_set() != InstructionSet::sequential ? bytes : 0;
 }
 
 } // namespace SMX_ISA
 } // namespace smx
 
+// All that a run is goes through registers: what one call has to store waits behind the results of the call before it.
 namespace smx {
-// result = source, and result = source 0 operation source 1, or `constant` if there is one source alone.
-void copy_run(const LaneRun &run);
-void compute_run(const LaneRun &run, Arithmetic operation, double constant = 0);
+// result = x.
+void copy_run(const void *x, const void *result, std::ptrdiff_t bytes);
+// result = x operation y; y is `constant` if it has no address.
+void compute_run(const void *x, const void *y, const void *result, std::ptrdiff_t bytes, RunKind kind,
+                 double constant = 0);
 } // namespace smx
 
-// The same from element `first` on. Returns the first element not done, which is `first` where a narrower set is
-// faster.
-SMX_DECLARE_LANES(std::ptrdiff_t, copy_run_lanes, const LaneRun &run, std::ptrdiff_t first)
-SMX_DECLARE_LANES(std::ptrdiff_t, compute_run_lanes, const LaneRun &run, Arithmetic operation, double constant,
-                  std::ptrdiff_t first)
+SMX_DECLARE_LANES(void, copy_run_lanes, const void *x, const void *result, std::ptrdiff_t bytes)
+SMX_DECLARE_LANES(void, compute_run_lanes, const void *x, const void *y, const void *result, std::ptrdiff_t bytes,
+                  RunKind kind, double constant)

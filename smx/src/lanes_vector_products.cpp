@@ -11,12 +11,13 @@ namespace {
 
 template <SumOrder order, class T, int N>
 SMX_LANE_LOOP int dot(const LanePlan &plan, int first) {
-    const LaneAccess<T, 1, N> a(plan.source[0].operand), b(plan.source[1].operand);
-    const LaneAccess<T, 1, 1> dst(plan.result[0]);
+    using Access = LaneAccess<T, 1, N>;
+    const Shaped<T, 1, N> a{plan.source[0].operand}, b{plan.source[1].operand};
+    const Shaped<T, 1, 1> dst{plan.result[0]};
     using enum Known;
     if (b.o.single) {
         Pack<T> y[N];
-        b.load(0, y);
+        Access(b.o).load(0, y);
         return each_group_by<T, packed, strided, listed, planes>(
             plan, first,
             [&](int n, const auto &from, const auto &to) {
@@ -29,8 +30,10 @@ SMX_LANE_LOOP int dot(const LanePlan &plan, int first) {
             a, dst);
     }
     // To bring three doubles of each object into lanes takes longer than to multiply them.
-    using Way = typename LaneAccess<T, 1, N>::Way;
-    if (N == 3 && sizeof(T) == 8 && a.way == Way::rows && b.way == Way::rows && !(a.packed && b.packed)) return first;
+    if (N == 3 && sizeof(T) == 8 && !plan.packed) {
+        const Access x(a.o), y(b.o);
+        if (x.way == Access::Way::rows && y.way == Access::Way::rows && !(x.packed && y.packed)) return first;
+    }
     return each_group_by<T, packed, strided, listed, planes>(
         plan, first,
         [](int n, const auto &from, const auto &beside, const auto &to) {
@@ -58,11 +61,13 @@ struct NextAround {
 
 template <class T>
 SMX_LANE_LOOP int cross(const LanePlan &plan, int first) {
-    const LaneAccess<T, 1, 3> a(plan.source[0].operand), b(plan.source[1].operand), dst(plan.result[0]);
+    const Shaped<T, 1, 3> a{plan.source[0].operand}, b{plan.source[1].operand}, dst{plan.result[0]};
     if constexpr (loads_ends) {
-        const auto rows = [](const auto &x) { return is_known(x, Known::strided) || is_known(x, Known::listed); };
-        const bool all_packed = a.packed && b.packed && dst.packed;
-        if (rows(a) && rows(b) && rows(dst) && !all_packed)
+        const auto rows = [](const Shaped<T, 1, 3> &x) {
+            const LaneAccess<T, 1, 3> access(x.o);
+            return is_known(access, Known::strided) || is_known(access, Known::listed);
+        };
+        if (!plan.packed && rows(a) && rows(b) && rows(dst))
             return each_object_of<T, Loop::usual, Row<T, 3>::masked>(
                 plan, first,
                 [](const Byte *from, const Byte *beside, const Byte *to) {
@@ -108,7 +113,7 @@ SMX_LANE_LOOP int cross(const LanePlan &plan, int first) {
 
 int dot_product_lanes(const LanePlan &plan, bool tail_second, int first) {
     if constexpr (few_lanes) return first;
-    return by_type_and_side(
+    return by_type_and_side<Fewest::one>(
         plan, plan.result[0].element, plan.source[0].operand.columns, first, [&](auto zero, auto side) {
             using T = decltype(zero);
             constexpr int N = decltype(side)::value;
