@@ -44,6 +44,25 @@ template <class CopyBlock>
         for (int i = 0; i < height; ++i) copy_block(writable(at(to, i * to_row)), at(from, i * from_row));
     });
 }
+#if defined(__AVX512F__)
+// The same into a result without gaps: what a whole register writes beyond its object is the next one's, and follows.
+// The next object is read before, as it may lie there.
+template <int bytes>
+SMX_LANE_LOOP int blocks_without_gaps(const LanePlan &plan, int first) {
+    using Object = Row<float, bytes / 4>;
+    const StridedStarts from(plan.source[0].operand), to(plan.result[0]);
+    const int last = plan.count - 1;
+    Object x = Object::load(from[first]);
+#pragma GCC unroll 4
+    for (int n = first; n < last; ++n) {
+        const Object next = Object::load(from[n + 1]);
+        std::memcpy(writable(to[n]), &x.v, sizeof x.v);
+        x = next;
+    }
+    x.store(to[last]);
+    return plan.count;
+}
+#endif
 // Calls f(Block<size>{}) for the size that is `bytes`, if it is one of those named.
 template <bool may_mask, int... sizes, class F>
 [[gnu::always_inline]] inline bool with_block(int bytes, F f) {
@@ -57,6 +76,16 @@ SMX_LANE_LOOP int blocks(const LanePlan &plan, int first) {
     const auto rows = [&](auto block) { done = blocks(plan, first, height, block); };
     const auto objects = [&](auto block) { done = blocks(plan, first, block); };
     const bool is_far = std::ptrdiff_t{plan.count} * bytes >= far_bytes;
+#if defined(__AVX512F__)
+    const auto strided = [](const LaneOperand &o) { return o.addressing == Addressing::strided && !o.single; };
+    if (!is_far && height == 1 && strided(s) && strided(d) && d.stride0 == bytes && plan.verdict == Verdict::always)
+        switch (bytes) {
+        case 12: return blocks_without_gaps<12>(plan, first);
+        case 20: return blocks_without_gaps<20>(plan, first);
+        case 24: return blocks_without_gaps<24>(plan, first);
+        default: break;
+        }
+#endif
     const bool known = (loads_ends && is_far && with_block<false, 12, 20, 24>(bytes, rows)) ||
                        with_block<true, 12, 16, 20, 24, 32, 40, 48>(bytes, rows) ||
                        (height == 1 && with_block<true, 36, 64, 72, 100, 128, 144, 200, 288>(bytes, objects));
