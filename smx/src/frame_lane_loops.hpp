@@ -213,12 +213,9 @@ template <class T, int L, class F, class... Starts>
         std::memcpy(const_cast<Byte *>(d + (k == vectors - 1 ? bytes - wide : k * wide)), &result[k], wide);
 }
 
-// Runs are left to a narrower set where small steps are faster: split registers beyond the first cache, where 64 bytes
-// wait for the stores if the operands lie an unlucky distance apart. Through memory, the processor fetches further
-// ahead of 16.
+// Is a run left to a narrower set than this unit's?
 inline bool leaves_run(std::ptrdiff_t bytes, int operands) {
-    const bool steps_are_halves = pack_bytes > 32 && splits_registers();
-    return pack_bytes > 16 && (bytes >= far_bytes || (steps_are_halves && operands * bytes > near_bytes));
+    return widest_for_run(bytes, operands) < InstructionSet::SMX_ISA;
 }
 
 // `bytes` of adjacent elements, whatever objects they belong to. apply(x...) is given packs or single elements.

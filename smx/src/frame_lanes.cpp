@@ -435,20 +435,15 @@ int safe_alone_until(const LanePlan &plan, int first) {
     return n;
 }
 
-// Through memory, the processor fetches further ahead of steps of 16 bytes.
 void copy_run(const void *x, const void *result, ptrdiff_t bytes) {
-    if (bytes >= far_bytes) return baseline::copy_run_lanes(x, result, bytes);
-    if (2 * bytes <= near_bytes) return SMX_ON_LANES(copy_run_lanes, x, result, bytes);
-    // In between nothing is faster than the processor's instruction for blocks.
-    if (x != result) memcpy(const_cast<void *>(result), x, static_cast<size_t>(bytes));
+    // Between the first cache and memory nothing is faster than the processor's instruction for blocks.
+    if (2 * bytes <= near_bytes || bytes >= far_bytes)
+        SMX_ON_LANES_UP_TO(widest_for_run(bytes, 2), copy_run_lanes, x, result, bytes);
+    else if (x != result) memcpy(const_cast<void *>(result), x, static_cast<size_t>(bytes));
 }
-// Where registers are split, 64 bytes wait for the stores beyond the first cache if the operands lie an unlucky distance
-// apart.
 void compute_run(const void *x, const void *y, const void *result, ptrdiff_t bytes, RunKind kind, double constant) {
-    if (bytes >= far_bytes) return baseline::compute_run_lanes(x, y, result, bytes, kind, constant);
-    const bool in_halves = splits_registers() && (y == nullptr ? 2 : 3) * bytes > near_bytes;
-    const InstructionSet widest = in_halves ? InstructionSet::avx2 : InstructionSet::avx512;
-    return SMX_ON_LANES_UP_TO(widest, compute_run_lanes, x, y, result, bytes, kind, constant);
+    const InstructionSet widest = widest_for_run(bytes, y == nullptr ? 2 : 3);
+    SMX_ON_LANES_UP_TO(widest, compute_run_lanes, x, y, result, bytes, kind, constant);
 }
 
 bool safe_in_pairs(const LanePlan &plan, int first) {

@@ -87,6 +87,13 @@ inline namespace SMX_ISA {
            (o.addressing == Addressing::strided && !o.transposed && (o.stride2 == o.element || o.columns == 1) &&
             (o.stride1 == row || o.rows == 1) && o.stride0 == o.rows * row);
 }
+// The widest set whose steps suit so many bytes of adjacent elements of each of so many operands. Through memory, the
+// processor fetches further ahead of steps of 16 bytes. Where registers are split, 64 bytes wait for the stores beyond
+// the first cache if the operands lie an unlucky distance apart.
+inline InstructionSet widest_for_run(std::ptrdiff_t bytes, int operands) {
+    if (bytes >= far_bytes) return InstructionSet::baseline;
+    return splits_registers() && operands * bytes > near_bytes ? InstructionSet::avx2 : InstructionSet::avx512;
+}
 } // namespace SMX_ISA
 
 // Fills in the verdict on more than one object, nothing having been found out yet, for so many groups of the chosen

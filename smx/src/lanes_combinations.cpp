@@ -7,11 +7,6 @@ inline namespace SMX_ISA {
 
 namespace {
 
-bool packed(const LaneOperand &o) {
-    return o.addressing == Addressing::strided && !o.transposed && !o.single && o.stride2 == o.element &&
-           (o.rows == 1 || o.stride1 == o.columns * o.stride2) && o.stride0 == o.rows * o.columns * o.stride2;
-}
-
 // Two sources and a result without gaps.
 template <class T>
 int flat(const LanePlan &plan, T factor1, T factor2, int first) {
@@ -64,7 +59,7 @@ int combine(const LanePlan &plan, double factor1, double factor2, int first) {
         using T = decltype(zero);
         const T f1 = static_cast<T>(factor1), f2 = static_cast<T>(factor2);
         if constexpr (two)
-            if (packed(plan.source[0].operand) && packed(plan.source[1].operand) && packed(d))
+            if (plan.packed && !plan.source[0].operand.single && !plan.source[1].operand.single)
                 return flat(plan, f1, f2, first);
         int done = first;
         with_side(d.columns, [&]<int N>(Side<N>) {

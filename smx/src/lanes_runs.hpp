@@ -29,11 +29,7 @@ template <Arithmetic operation, class V>
 template <class... Operands>
 [[gnu::always_inline]] inline std::ptrdiff_t run_bytes(int count, const LaneOperand &d, const Operands &...sources) {
     const std::ptrdiff_t object = std::ptrdiff_t{d.rows} * d.columns * d.element, bytes = count * object;
-    const auto without_gaps = [&](const LaneOperand &o) {
-        return o.addressing == Addressing::strided && !o.single && !o.transposed && o.stride2 == o.element &&
-               (o.rows == 1 || o.stride1 == o.columns * o.stride2) && o.stride0 == object &&
-               std::ptrdiff_t{o.rows} * o.columns * o.element == object;
-    };
+    const auto without_gaps = [&](const LaneOperand &o) { return is_packed(o) && !o.single && o.stride0 == object; };
     const auto fine = [&](const LaneOperand &o) {
         const std::uintptr_t behind =
             reinterpret_cast<std::uintptr_t>(o.base) - reinterpret_cast<std::uintptr_t>(d.base);
