@@ -50,7 +50,7 @@ struct L2Norm {
 struct Trace {
     // Asked ahead of the plan, which takes longer than ten objects.
     static bool takes_lanes(const LaneOperand &o) {
-        const bool small = o.element == sizeof(float) && o.columns <= 4;
+        const bool small = o.element == sizeof(float) && o.columns <= 4 && is_packed(o);
         return o.addressing != Addressing::list && (o.stride0 == o.element || small);
     }
 

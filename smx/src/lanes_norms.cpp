@@ -40,8 +40,37 @@ SMX_LANE_LOOP int norm(const LanePlan &plan, bool cuts_off, int first) {
     else return each_group_by<T, packed, dense, planes>(plan, first, body, src, dst);
 }
 
-// Only where objects follow each other element by element, or are small and side by side (Trace::takes_lanes): to read a
-// few elements of each object costs the same one by one.
+// The diagonals of W matrices side by side. Of side 3, the elements that belong together lie in different lanes; of
+// side 4, first those of as many matrices as fill a register come together, then all.
+template <class T, int N>
+struct Diagonals {
+    static constexpr int W = Pack<T>::width, apart = N + 1, at_once = W / N;
+    static constexpr int at(int e) { return e % W * N * N + e / W * apart; }
+    struct Few {
+        static constexpr int at(int l) { return l % at_once * N * N + l / at_once * apart; }
+    };
+    struct All {
+        static constexpr int at(int e) { return e % W / at_once * W + e / W * at_once + e % at_once; }
+    };
+};
+template <class T, int N, class Matrices>
+[[gnu::always_inline]] inline void load_diagonals(const Matrices &from, int n, Pack<T> (&diagonal)[N]) {
+    using D = Diagonals<T, N>;
+    Pack<T> x[N * N];
+#pragma GCC unroll 16
+    for (int k = 0; k < N * N; ++k) x[k] = from.load_register(n, k);
+    if constexpr (N == 3) {
+        rearrange<T, D, N, N * N, By::blends>(x, diagonal);
+    } else {
+        Pack<T> few[N];
+#pragma GCC unroll 4
+        for (int k = 0; k < N; ++k) rearrange<T, typename D::Few, 1, N>(x + N * k, few + k);
+        rearrange<T, typename D::All, N, N>(few, diagonal);
+    }
+}
+
+// Only where objects follow each other element by element, or are few floats and lie side by side (Trace::takes_lanes):
+// to read a few elements of each object costs the same one by one, or less beyond the first cache.
 template <SumOrder order, class T, int N>
 SMX_LANE_LOOP int trace(const LanePlan &plan, int first) {
     using Access = LaneAccess<T, N, N>;
@@ -52,9 +81,8 @@ SMX_LANE_LOOP int trace(const LanePlan &plan, int first) {
             return each_group_known<Known::packed, T>(
                 plan, first,
                 [&](int n, const auto &from, const auto &to) {
-                    Pack<T> x[N * N], diagonal[N];
-                    from.load(n, x);
-                    for (int i = 0; i < N; ++i) diagonal[i] = x[i * N + i];
+                    Pack<T> diagonal[N];
+                    load_diagonals<T, N>(from, n, diagonal);
                     const Pack<T> sum = sum_of<order>(diagonal);
                     to.store(n, &sum);
                     return true;
