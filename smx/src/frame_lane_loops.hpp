@@ -222,10 +222,17 @@ inline bool leaves_run(std::ptrdiff_t bytes, int operands) {
 template <class T, class F, class... Sources>
 [[gnu::always_inline]] inline void run_of_elements(F apply, const Byte *d, std::ptrdiff_t bytes, Sources... from) {
     constexpr int size = sizeof(T), four = 4 * pack_bytes;
-    const auto one_by_one = [=](std::ptrdiff_t e, std::ptrdiff_t end) __attribute__((always_inline)) {
+    // The elements from byte e to byte `end`, fewer than a pack of them.
+    const auto few = [=](std::ptrdiff_t e, std::ptrdiff_t end) __attribute__((always_inline)) {
+#if defined(__AVX512F__)
+        const PartOfGroup<T, 1> part{static_cast<int>(end - e + size - 1) / size};
+        if (e < end) part.store(d + e, 0, Pack<T>(apply(part.load(from + e, 0)...)));
+        return e + part.count * size;
+#else
 #pragma GCC unroll 1
         for (; e < end; e += size) store_element<T>(d + e, apply(load_element<T>(from + e)...));
         return e;
+#endif
     };
     const auto pack = [=](std::ptrdiff_t e) __attribute__((always_inline)) {
         store_pack(const_cast<Byte *>(d + e), Pack<T>(apply(load_pack<T>(from + e)...)));
@@ -233,7 +240,7 @@ template <class T, class F, class... Sources>
     // A store that crosses two lines of the cache costs twice.
     constexpr int worth_aligning = 16 * pack_bytes;
     std::ptrdiff_t e = 0;
-    if (bytes >= worth_aligning) e = one_by_one(e, -reinterpret_cast<std::intptr_t>(d) & (pack_bytes - 1));
+    if (bytes >= worth_aligning) e = few(e, -reinterpret_cast<std::intptr_t>(d) & (pack_bytes - 1));
     // Beyond the first cache, steps of 32 bytes are 3 % faster if a line that will be stored is asked for a little ahead.
     const bool beyond = pack_bytes <= 32 && (static_cast<std::ptrdiff_t>(sizeof...(from)) + 1) * bytes > near_bytes;
 #pragma GCC unroll 1
@@ -244,7 +251,7 @@ template <class T, class F, class... Sources>
     }
 #pragma GCC unroll 1
     for (; e + pack_bytes <= bytes; e += pack_bytes) pack(e);
-    one_by_one(e, bytes);
+    few(e, bytes);
 }
 
 // Calls f(T{}, Side<n>{}) for an element type and a side of 3 to 6; else nothing is done. Nor is it with less than one
