@@ -77,12 +77,17 @@ void plain(const Member &member) {
             }
 }
 
+Shape mixture(int side, int count, int mixed) {
+    Shape shape = shaped(side, count, variations[0]);
+    shape.mixed = mixed;
+    return shape;
+}
+
 // Each operand in a layout of its own, and enough objects for the longest runs through planes.
 void mixtures(const Member &member) {
     for (const int side : {2, 3, 4, 5, 6})
-        for (int mixed = 1; mixed <= 7; ++mixed) {
-            Shape shape = shaped(side, mixed == 4 ? 300 : 41, variations[0]);
-            shape.mixed = mixed;
+        for (int mixed = 1; mixed <= 9; ++mixed) {
+            const Shape shape = mixture(side, mixed == 4 ? 300 : 41, mixed);
             Call call(member, shape);
             report(member, shape, ("mixture " + std::to_string(mixed)).c_str(), call);
         }
@@ -101,9 +106,9 @@ std::optional<Shape> far_shape(const Member &member) {
     for (const Operand &o : member.row->operands) matrices += o.source && o.array && o.structure == Structure::matrix;
     if (matrices == 1 && member.layout == Layout::strided && member.element == 8)
         return shaped(6, 30000, variations[0]);
-    constexpr std::pair<const char *, int> of_three[] = {
-        {"Add_vava", 710000}, {"Copy_va", 710000},           {"DotProduct_vava", 710000}, {"Mul_mama", 240000},
-        {"Mul_mva", 710000},  {"CrossProduct_vava", 710000}, {"Transpose_ma", 240000}};
+    constexpr std::pair<const char *, int> of_three[] = {{"Add_vava", 710000},          {"DotProduct_vava", 710000},
+                                                         {"Mul_mama", 240000},          {"Mul_mva", 710000},
+                                                         {"CrossProduct_vava", 710000}, {"Transpose_ma", 240000}};
     for (const auto &[row, count] : of_three)
         if (member.row->name == row && member.element == 4 && member.layout != Layout::pointers)
             return shaped(3, count, variations[2]);
@@ -348,8 +353,10 @@ void guard(const Member &member, const Shape &shape) {
     }
 }
 void guard(const Member &member) {
-    for (const int side : {3, 4, 5, 6})
+    for (const int side : {3, 4, 5, 6}) {
         for (const Variation &v : variations) guard(member, shaped(side, 35, v));
+        for (const int mixed : {2, 5, 8}) guard(member, mixture(side, 35, mixed));
+    }
     if (const auto shape = far_shape(member)) guard(member, *shape);
 }
 

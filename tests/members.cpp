@@ -238,7 +238,7 @@ void Call::place(const Operand &o) {
     if (dense) {
         gaps = Shape{};
     } else if (shape_.mixed != 0) {
-        const std::size_t which = blocks_.size() * static_cast<std::size_t>(shape_.mixed) / 2;
+        const std::size_t which = (blocks_.size() + 1) * static_cast<std::size_t>(shape_.mixed) / 2;
         gaps.step = which % 5 == 3 ? 2 : 1;
         gaps.row_gap = which % 5 == 1 ? 1 : 0;
         gaps.object_gap = which % 5 == 0 ? 0 : static_cast<int>(which % 5);

@@ -147,6 +147,30 @@ TEST(Copy, EveryPairOfLayoutsWithAndWithoutOverlap) {
     });
 }
 
+// Objects far from each other come together where the first or the last of them lies.
+TEST(Copy, GathersOntoItsOwnObject) {
+    constexpr int apart = 512;
+    for (const int E : {4, 8})
+        for (const int len : {3, 4, 5, 6})
+            for (const int count : {2, 9, 10})
+                for (const int own : {0, count - 1}) {
+                    const Sizes s{len, 1, count, false};
+                    Block block(8000);
+                    Operand src('S', Spread::packed, s, E, block.memory.data() + 512);
+                    src.stride0 = apart;
+                    const Operand dst('S', Spread::packed, s, E, src.base + own * (apart - len * E));
+                    Arguments a;
+                    a.operand("src", src, s, true);
+                    a.operand("dst", dst, s, true);
+                    a.sizes(s, true);
+                    block.expect(a, "smxCopy_va" + type(E) + "_SS", s, [&] {
+                        for (int n = 0; n < count; ++n)
+                            std::memmove(dst.at(n, 0, 0), src.at(n, 0, 0), static_cast<std::size_t>(len * E));
+                    });
+                    if (testing::Test::HasFatalFailure()) return;
+                }
+}
+
 TEST(Extract, EveryLayoutWithAndWithoutOverlap) {
     all_sizes([](const Sizes &s) {
         for (const int E : {4, 8})

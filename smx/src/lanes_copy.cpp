@@ -45,21 +45,18 @@ template <class CopyBlock>
     });
 }
 #if defined(__AVX512F__)
-// The same into a result without gaps: what a whole register writes beyond its object is the next one's, and follows.
-// The next object is read before, as it may lie there.
+// Blocks into a result without gaps: what a whole register writes beyond its object is the next one's, and follows.
 template <int bytes>
 SMX_LANE_LOOP int blocks_without_gaps(const LanePlan &plan, int first) {
     using Object = Row<float, bytes / 4>;
     const StridedStarts from(plan.source[0].operand), to(plan.result[0]);
     const int last = plan.count - 1;
-    Object x = Object::load(from[first]);
 #pragma GCC unroll 4
     for (int n = first; n < last; ++n) {
-        const Object next = Object::load(from[n + 1]);
+        const Object x = Object::load(from[n]);
         std::memcpy(writable(to[n]), &x.v, sizeof x.v);
-        x = next;
     }
-    x.store(to[last]);
+    Object::load(from[last]).store(to[last]);
     return plan.count;
 }
 #endif
@@ -78,8 +75,7 @@ SMX_LANE_LOOP int blocks(const LanePlan &plan, int first) {
     const bool is_far = std::ptrdiff_t{plan.count} * bytes >= far_bytes;
 #if defined(__AVX512F__)
     const auto strided = [](const LaneOperand &o) { return o.addressing == Addressing::strided && !o.single; };
-    if (!is_far && height == 1 && strided(s) && strided(d) && d.stride0 == bytes && plan.verdict == Verdict::always)
-        switch (bytes) {
+    if (!is_far && height == 1 && strided(s) && strided(d) && d.stride0 == bytes) switch (bytes) {
         case 12: return blocks_without_gaps<12>(plan, first);
         case 20: return blocks_without_gaps<20>(plan, first);
         case 24: return blocks_without_gaps<24>(plan, first);
