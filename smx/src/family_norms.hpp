@@ -48,9 +48,11 @@ struct L2Norm {
 };
 
 struct Trace {
-    // Asked ahead of the plan, which takes longer than ten objects.
-    static bool takes_lanes(const LaneOperand &o) {
-        const bool small = o.element == sizeof(float) && o.columns <= 4 && is_packed(o);
+    // Asked ahead of the plan, which takes longer than ten objects. Beyond the first cache, a few elements of each object
+    // come sooner than whole objects.
+    static bool takes_lanes(const LaneOperand &o, int count) {
+        const bool small =
+            o.element == sizeof(float) && o.columns <= 4 && is_packed(o) && count * o.stride0 <= near_bytes;
         return o.addressing != Addressing::list && (o.stride0 == o.element || small);
     }
 
@@ -88,7 +90,7 @@ struct Trace {
         const auto one_by_one = [&](int first, int last) { return objects<Tier>(a, dst, side.value, first, last); };
         if (side.value < 3 || side.value > 6) return one_by_one(0, count.value);
         const LaneOperand matrices = a.lanes(side.value, side.value);
-        if (!takes_lanes(matrices)) return one_by_one(0, count.value);
+        if (!takes_lanes(matrices, count.value)) return one_by_one(0, count.value);
         const LanePlan plan = lane_plan(count.value, {{matrices, SameObject::any}}, {dst.lanes(1)});
         constexpr bool tail_first = !std::is_same_v<Tier, P>;
         return for_each_object<ElementOf<A>>(

@@ -69,8 +69,8 @@ template <class T, int N, class Matrices>
     }
 }
 
-// Only where objects follow each other element by element, or are few floats and lie side by side (Trace::takes_lanes):
-// to read a few elements of each object costs the same one by one, or less beyond the first cache.
+// Only where objects follow each other element by element, or are few floats side by side in the first cache
+// (Trace::takes_lanes): to read a few elements of each object costs the same one by one.
 template <SumOrder order, class T, int N>
 SMX_LANE_LOOP int trace(const LanePlan &plan, int first) {
     using Access = LaneAccess<T, N, N>;
