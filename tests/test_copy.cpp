@@ -19,6 +19,18 @@ struct Sizes {
 };
 enum class Spread { packed, structs, elements, lanes };
 
+struct Strides {
+    int objects, rows, elements;
+};
+Strides strides(Spread spread, const Sizes &s, int element) {
+    const bool apart = spread == Spread::elements;
+    const int stride2 = spread == Spread::lanes ? s.count * element : (apart ? 2 : 1) * element;
+    const int stride1 = s.width * stride2 + (apart ? element : 0);
+    const int stride0 =
+        spread == Spread::lanes ? element : s.height * stride1 + (spread == Spread::structs ? 3 * element : 0);
+    return {stride0, stride1, stride2};
+}
+
 // One array operand in one layout (S, P or L) within a block of memory.
 struct Operand {
     char layout;
@@ -26,14 +38,9 @@ struct Operand {
     std::vector<void *> table;
     unsigned char *base;
 
-    Operand(char layout_, Spread spread, const Sizes &s, int element, unsigned char *base_)
-        : layout(layout_), base(base_) {
-        const bool apart = spread == Spread::elements;
-        shift = layout == 'S' ? 0 : 2 * element;
-        stride2 = spread == Spread::lanes ? s.count * element : (apart ? 2 : 1) * element;
-        stride1 = s.width * stride2 + (apart ? element : 0);
-        stride0 =
-            spread == Spread::lanes ? element : s.height * stride1 + (spread == Spread::structs ? 3 * element : 0);
+    Operand(char layout_, const Strides &apart, const Sizes &s, int element, unsigned char *base_)
+        : layout(layout_), shift(layout == 'S' ? 0 : 2 * element), stride0(apart.objects), stride1(apart.rows),
+          stride2(apart.elements), base(base_) {
         if (layout == 'P')
             for (int i = 0; i < s.height; ++i)
                 for (int j = 0; j < s.width; ++j) table.push_back(base - shift + i * stride1 + j * stride2);
@@ -41,6 +48,8 @@ struct Operand {
             for (int n = 0; n < s.count; ++n)
                 table.push_back(base - shift + (n < 20 ? s.count - 1 - n : n - 20) * stride0);
     }
+    Operand(char layout_, Spread spread, const Sizes &s, int element, unsigned char *base_)
+        : Operand(layout_, strides(spread, s, element), s, element, base_) {}
     unsigned char *at(int n, int i, int j) const {
         unsigned char *const object = layout == 'L'
                                           ? static_cast<unsigned char *>(table[static_cast<std::size_t>(n)]) + shift
@@ -104,6 +113,20 @@ struct Block {
     }
 };
 
+void expect_copied(Block &block, const std::string &pair, const Operand &src, const Operand &dst, const Sizes &s,
+                   int element) {
+    Arguments a;
+    a.operand("src", src, s, true);
+    a.operand("dst", dst, s, true);
+    a.sizes(s, true);
+    block.expect(a, (s.matrix ? "smxCopy_ma" : "smxCopy_va") + type(element) + "_" + pair, s, [&] {
+        for (int n = 0; n < s.count; ++n)
+            for (int i = 0; i < s.height; ++i)
+                for (int j = 0; j < s.width; ++j)
+                    std::memmove(dst.at(n, i, j), src.at(n, i, j), static_cast<std::size_t>(element));
+    });
+}
+
 template <class F>
 void all_sizes(F f) {
     for (const bool matrix : {false, true})
@@ -132,16 +155,7 @@ TEST(Copy, EveryPairOfLayoutsWithAndWithoutOverlap) {
                             Block block(90000);
                             const Operand src(pair[0], from, s, E, block.memory.data() + 512);
                             const Operand dst(pair[1], to, s, E, block.memory.data() + 512 + offset);
-                            Arguments a;
-                            a.operand("src", src, s, true);
-                            a.operand("dst", dst, s, true);
-                            a.sizes(s, true);
-                            block.expect(a, (s.matrix ? "smxCopy_ma" : "smxCopy_va") + type(E) + "_" + pair, s, [&] {
-                                for (int n = 0; n < s.count; ++n)
-                                    for (int i = 0; i < s.height; ++i)
-                                        for (int j = 0; j < s.width; ++j)
-                                            std::memmove(dst.at(n, i, j), src.at(n, i, j), static_cast<std::size_t>(E));
-                            });
+                            expect_copied(block, pair, src, dst, s, E);
                             if (testing::Test::HasFatalFailure()) return;
                         }
     });
@@ -149,26 +163,53 @@ TEST(Copy, EveryPairOfLayoutsWithAndWithoutOverlap) {
 
 // Objects far from each other come together where the first or the last of them lies.
 TEST(Copy, GathersOntoItsOwnObject) {
-    constexpr int apart = 512;
     for (const int E : {4, 8})
         for (const int len : {3, 4, 5, 6})
             for (const int count : {2, 9, 10})
                 for (const int own : {0, count - 1}) {
                     const Sizes s{len, 1, count, false};
+                    const Strides apart{512, len * E, E};
                     Block block(8000);
-                    Operand src('S', Spread::packed, s, E, block.memory.data() + 512);
-                    src.stride0 = apart;
-                    const Operand dst('S', Spread::packed, s, E, src.base + own * (apart - len * E));
-                    Arguments a;
-                    a.operand("src", src, s, true);
-                    a.operand("dst", dst, s, true);
-                    a.sizes(s, true);
-                    block.expect(a, "smxCopy_va" + type(E) + "_SS", s, [&] {
-                        for (int n = 0; n < count; ++n)
-                            std::memmove(dst.at(n, 0, 0), src.at(n, 0, 0), static_cast<std::size_t>(len * E));
-                    });
+                    const Operand src('S', apart, s, E, block.memory.data() + 512);
+                    const Operand dst('S', Spread::packed, s, E, src.base + own * (apart.objects - len * E));
+                    expect_copied(block, "SS", src, dst, s, E);
                     if (testing::Test::HasFatalFailure()) return;
                 }
+}
+
+// Each operand with gaps of its own, near the other one or away from it, and lists that name an object again.
+TEST(Copy, WhatNoListOfCasesThinksOf) {
+    std::mt19937 random(11);
+    const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+    const auto seldom = [&](int n) { return below(3) == 0 ? below(n) : 0; };
+    for (int call = 0; call < 20000; ++call) {
+        const bool matrix = below(3) == 0;
+        const Sizes s{1 + below(7), matrix ? 1 + below(6) : 1, 1 + below(below(4) == 0 ? 150 : 40), matrix};
+        const int E = below(2) == 0 ? 4 : 8;
+        const auto gaps = [&] {
+            if (below(5) == 0) return strides(Spread::lanes, s, E);
+            const int stride2 = E * (1 + seldom(2)), stride1 = s.width * stride2 + E * seldom(3);
+            return Strides{s.height * stride1 + E * seldom(9), stride1, stride2};
+        };
+        const auto bytes = [&](const Strides &x) {
+            return s.count * x.objects + s.height * x.rows + s.width * x.elements;
+        };
+        const std::string pair = {"SPL"[below(3)], "SPL"[below(3)]};
+        const Strides from = gaps(), to = gaps();
+        const int room = bytes(from) + bytes(to), distance = below(2) == 0 ? room : below(room / E) * E;
+        const bool source_first = below(4) != 0;
+        Block block(static_cast<std::size_t>(2 * room + 1024));
+        const auto place = [&](bool first) { return block.memory.data() + 512 + (first ? 0 : distance); };
+        Operand src(pair[0], from, s, E, place(source_first)), dst(pair[1], to, s, E, place(!source_first));
+        for (Operand *o : {&src, &dst})
+            for (int again = o->layout == 'L' ? seldom(4) : 0; again > 0; --again)
+                o->table[static_cast<std::size_t>(below(s.count))] = o->table[static_cast<std::size_t>(below(s.count))];
+        expect_copied(block, pair, src, dst, s, E);
+        if (testing::Test::HasFatalFailure()) {
+            ADD_FAILURE() << "call " << call << ", distance " << distance;
+            return;
+        }
+    }
 }
 
 TEST(Extract, EveryLayoutWithAndWithoutOverlap) {
