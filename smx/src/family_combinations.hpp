@@ -35,10 +35,7 @@ struct MatrixByConstant {
     static SmxStatus in_groups(const A &a, const C &factor, const D &dst, int width, int height, int count,
                                Range one_by_one) {
         const LaneOperand x = a.lanes(height, width), result = dst.lanes(height, width);
-        if (const std::ptrdiff_t bytes = run_bytes(count, result, x)) {
-            compute_run(x.base, nullptr, result.base, bytes, {Arithmetic::multiply, x.element}, factor.value);
-            return smxStsNoErr;
-        }
+        if (computes_run(Arithmetic::multiply, count, result, x, factor.value)) return smxStsNoErr;
         const LanePlan plan = lane_plan(count, {{x, SameObject::identical}}, {result}, groups_at_once(result));
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, combination_lanes, plan, factor.value, 0); }, one_by_one);

@@ -91,14 +91,6 @@ struct MatrixSum {
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, matrix_sum_lanes, plan, operation); }, one_by_one);
     }
 
-    template <class A, class B, class D>
-    [[gnu::always_inline]] static bool in_a_run(const A &a, const B &b, const D &d, int width, int height, int count) {
-        const LaneOperand x = a.lanes(height, width), y = b.lanes(height, width), result = d.lanes(height, width);
-        const std::ptrdiff_t bytes = run_bytes(count, result, x, y);
-        if (bytes != 0) compute_run(x.base, y.base, result.base, bytes, {operation, x.element});
-        return bytes != 0;
-    }
-
     // Non-array kernels.
     template <class Tier, class A, class B, class D>
     static SmxStatus run(Tier tier, const A &a, const B &b, const D &d, Size<Role::width> width,
@@ -112,8 +104,9 @@ struct MatrixSum {
     template <class Tier, class A, class B, class D>
     static SmxStatus run(Tier tier, const A &a, const B &b, const D &d, Size<Role::width> width,
                          Size<Role::height> height, Count count) {
-        if (in_a_run(a, b, d, width.value, height.value, count.value)) return smxStsNoErr;
-        return with_gaps(tier, a, b, d, width.value, height.value, count.value);
+        const int w = width.value, h = height.value;
+        if (computes_run(operation, count.value, d.lanes(h, w), a.lanes(h, w), b.lanes(h, w))) return smxStsNoErr;
+        return with_gaps(tier, a, b, d, w, h, count.value);
     }
     // By value: a run does without the operands in memory.
     template <class Tier, class A, class B, class D>

@@ -114,16 +114,9 @@ struct VectorArithmetic {
     template <class A, class B, class D>
     [[gnu::always_inline]] static bool in_a_run(const A &a, const B &b, const D &d, int len, int count) {
         const LaneOperand x = a.lanes(1, len), result = d.lanes(1, len);
-        std::ptrdiff_t bytes = 0;
-        if constexpr (is_value<B>) {
-            bytes = run_bytes(count, result, x);
-            if (bytes != 0) compute_run(x.base, nullptr, result.base, bytes, {operation, x.element}, b.value);
-        } else if constexpr (!is_constant<B>) {
-            const LaneOperand y = b.lanes(1, len);
-            bytes = run_bytes(count, result, x, y);
-            if (bytes != 0) compute_run(x.base, y.base, result.base, bytes, {operation, x.element});
-        }
-        return bytes != 0;
+        if constexpr (is_value<B>) return computes_run(operation, count, result, x, b.value);
+        else if constexpr (is_constant<B>) return false;
+        else return computes_run(operation, count, result, x, b.lanes(1, len));
     }
 
     // Non-array kernels.

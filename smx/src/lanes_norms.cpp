@@ -73,9 +73,6 @@ template <class T, int N, class Matrices>
 // (Trace::takes_lanes): to read a few elements of each object costs the same one by one.
 template <SumOrder order, class T, int N>
 SMX_LANE_LOOP int trace(const LanePlan &plan, int first) {
-    using Access = LaneAccess<T, N, N>;
-    const Access src(plan.source[0].operand);
-    const LaneAccess<T, 1, 1> dst(plan.result[0]);
     if constexpr (loads_ends && sizeof(T) == sizeof(float) && N <= 4)
         if (plan.packed)
             return each_group_known<Known::packed, T>(
@@ -87,7 +84,10 @@ SMX_LANE_LOOP int trace(const LanePlan &plan, int first) {
                     to.store(n, &sum);
                     return true;
                 },
-                src, dst);
+                Shaped<T, N, N>{plan.source[0].operand}, Shaped<T, 1, 1>{plan.result[0]});
+    using Access = LaneAccess<T, N, N>;
+    const Access src(plan.source[0].operand);
+    const LaneAccess<T, 1, 1> dst(plan.result[0]);
     if (src.way != Access::Way::across) return first;
     const Byte *plane[N];
     for (int i = 0; i < N; ++i) plane[i] = src.address(0, i, i);

@@ -50,6 +50,22 @@ void copy_run(const void *x, const void *result, std::ptrdiff_t bytes);
 // result = x operation y; y is `constant` if it has no address.
 void compute_run(const void *x, const void *y, const void *result, std::ptrdiff_t bytes, RunKind kind,
                  double constant = 0);
+
+inline namespace SMX_ISA {
+// Computes a call whose operands are runs; else says no, and does nothing.
+[[gnu::always_inline]] inline bool computes_run(Arithmetic operation, int count, const LaneOperand &d,
+                                                const LaneOperand &x, const LaneOperand &y) {
+    const std::ptrdiff_t bytes = run_bytes(count, d, x, y);
+    if (bytes != 0) compute_run(x.base, y.base, d.base, bytes, {operation, d.element});
+    return bytes != 0;
+}
+[[gnu::always_inline]] inline bool computes_run(Arithmetic operation, int count, const LaneOperand &d,
+                                                const LaneOperand &x, double constant) {
+    const std::ptrdiff_t bytes = run_bytes(count, d, x);
+    if (bytes != 0) compute_run(x.base, nullptr, d.base, bytes, {operation, d.element}, constant);
+    return bytes != 0;
+}
+} // namespace SMX_ISA
 } // namespace smx
 
 SMX_DECLARE_LANES(void, copy_run_lanes, const void *x, const void *result, std::ptrdiff_t bytes)
