@@ -50,7 +50,6 @@ __attribute__((visibility("default"))) void *omp_alloc(std::size_t size, std::ui
     STUB(ownsmx##row##_##type##_L) STUB(ownsmx##row##_##type##_LS2) STUBS_DRIVERS(row, type)
 #define STUBS_DRIVERS(row, type) \
     STUB(ownOMP_smx##row##_##type) STUB(ownOMP_smx##row##_##type##_P) STUB(ownOMP_smx##row##_##type##_L)
-#define STUBS_ARRAY_COUNTED(row, type) STUBS_ARRAY(row, type)
 #define STUBS_SINGLE_ONE_KERNEL(row, type) STUB(ownsmx##row##_##type) STUB(ownsmx##row##_##type##_P)
 #define STUBS_ARRAY_ONE_KERNEL(row, type) \
     STUBS_SINGLE_ONE_KERNEL(row, type) STUB(ownsmx##row##_##type##_L) STUBS_DRIVERS(row, type)

@@ -2,6 +2,9 @@
 // memory, so that values, untouched memory and overlaps are judged alike; and the order of the entry checks.
 #include <gtest/gtest.h>
 
+#include <sys/mman.h>
+#include <unistd.h>
+
 #include <cstring>
 #include <random>
 
@@ -210,6 +213,38 @@ TEST(Copy, WhatNoListOfCasesThinksOf) {
             return;
         }
     }
+}
+
+// Four gigabytes of addresses, all but the last page of them the same few megabytes of memory.
+class LargeObject {
+public:
+    static constexpr std::size_t part = 16 << 20, size = std::size_t{1} << 32, page = 4096;
+    LargeObject() {
+        at = static_cast<unsigned char *>(
+            mmap(nullptr, size + page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0));
+        const int memory = memfd_create("large", 0);
+        EXPECT_EQ(ftruncate(memory, part), 0);
+        for (std::size_t from = 0; from < size; from += part)
+            EXPECT_NE(mmap(at + from, part, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_FIXED, memory, 0), MAP_FAILED);
+        close(memory);
+    }
+    ~LargeObject() { munmap(at, size + page); }
+    float *base() const { return reinterpret_cast<float *>(at); }
+    float &last() const { return reinterpret_cast<float *>(at + size)[3]; }
+
+private:
+    unsigned char *at;
+};
+
+TEST(Copy, ObjectsOfMoreThanFourGigabytes) {
+    const LargeObject source, results[2];
+    source.last() = 7;
+    const float *const from[] = {source.base(), source.base()};
+    float *const to[] = {results[0].base(), results[1].base()};
+    const int length = static_cast<int>(LargeObject::size / sizeof(float)) + 4;
+    ASSERT_EQ(smxCopy_va_32f_LL(from, 0, sizeof(float), to, 0, sizeof(float), length, 2), smxStsNoErr);
+    EXPECT_EQ(results[0].last(), 7);
+    EXPECT_EQ(results[1].last(), 7);
 }
 
 TEST(Extract, EveryLayoutWithAndWithoutOverlap) {

@@ -1,5 +1,8 @@
 // Matrix sums and differences against a plain reference in the documented order of reads and stores, also where the
 // result lies over a source.
+#include <algorithm>
+#include <chrono>
+
 #include "reference.hpp"
 
 namespace {
@@ -84,4 +87,42 @@ TYPED_TEST(MatrixSum, HasTheBitsOfTheReference) {
         }
     }
     EXPECT_GT(calls, 2000);
+}
+
+// Whether a call may be computed many objects at once must not take longer to find out than the call itself, however the
+// elements of large objects lie.
+TEST(MatrixSumOfLargeObjects, TakesTheTimeOfItsWorkInAnyOrderOfElements) {
+    constexpr int side = 128, count = 16, planes = side * side;
+    std::vector<float> memory(static_cast<std::size_t>(2 * planes * count));
+    float *const source = memory.data(), *const result = source + planes * count;
+    std::vector<float *> by_rows(planes), by_columns(planes), results(planes);
+    for (int i = 0; i < side; ++i)
+        for (int j = 0; j < side; ++j) {
+            by_rows[static_cast<std::size_t>(i * side + j)] = source + (i * side + j) * count;
+            by_columns[static_cast<std::size_t>(i * side + j)] = source + (j * side + i) * count;
+            results[static_cast<std::size_t>(i * side + j)] = result + (j * side + i) * count;
+        }
+    const auto seconds = [](auto call) {
+        double best = 1e9;
+        for (int times = 0; times < 3; ++times) {
+            const auto start = std::chrono::steady_clock::now();
+            EXPECT_EQ(call(), smxStsNoErr);
+            best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+        }
+        return best;
+    };
+    const auto by_pointers = [&](float *const *from, float *const *to) {
+        return seconds([=] { return smxAdd_mama_32f_P(from, 0, 4, from, 0, 4, to, 0, 4, side, side, count); });
+    };
+    const auto by_strides = [&](float *from, float *to) {
+        constexpr int column = 4 * side * count, row = 4 * count;
+        return seconds([=] {
+            return smxAdd_mama_32f(from, 4, row, column, from, 4, row, column, to, 4, row, column, side, side, count);
+        });
+    };
+    const double usual = by_pointers(by_rows.data(), by_rows.data());
+    EXPECT_LT(by_pointers(by_columns.data(), results.data()), 50 * usual);
+    EXPECT_LT(by_pointers(by_columns.data(), by_columns.data()), 50 * usual);
+    EXPECT_LT(by_strides(source, result), 50 * usual);
+    EXPECT_LT(by_strides(source, source), 50 * usual);
 }

@@ -46,17 +46,20 @@ void restore(const std::vector<Term> &terms, bool intercept, double *coefficient
 // a number near their mean from them makes the problem as well conditioned as it can be by such means: of Longley's
 // coefficients, 13 digits are right with it and 10 without. With a constant term in the fit, any number may be taken
 // without an error. The scale brings the columns to a length near 1, since the test of smxQRDecomp for a dependent
-// column is absolute; it is a power of two and thus exact.
+// column is absolute; it is a power of two and thus exact, as that of the response is, whose squares are summed, too.
 double columnMean(const shared::Table &data, std::size_t column) {
-    double sum = 0;
-    for (std::size_t i = 0; i < data.rows(); ++i) sum += data.at(i, column);
-    return sum / static_cast<double>(data.rows());
+    const double first = data.at(0, column); // so that a constant column has its own value
+    double above = 0;
+    for (std::size_t i = 0; i < data.rows(); ++i)
+        above += (data.at(i, column) - first) / static_cast<double>(data.rows());
+    if (!std::isfinite(above)) throw std::runtime_error(data.file + ": the numbers are too large");
+    return first + above;
 }
 
-double powerOfTwoNear(const double *column, std::size_t step, std::size_t rows) {
-    double squares = 0;
-    for (std::size_t i = 0; i < rows; ++i) squares += column[i * step] * column[i * step];
-    return squares > 0 ? std::ldexp(1.0, -std::ilogb(std::sqrt(squares))) : 1;
+double scaleOf(const double *column, std::size_t step, std::size_t rows) {
+    double greatest = 0;
+    for (std::size_t i = 0; i < rows; ++i) greatest = std::max(greatest, std::abs(column[i * step]));
+    return greatest > 0 ? std::ldexp(1.0, std::clamp(-std::ilogb(greatest), -1000, 1000)) : 1;
 }
 
 Fit fit(const shared::Table &data, std::size_t response, bool intercept) {
@@ -84,11 +87,13 @@ Fit fit(const shared::Table &data, std::size_t response, bool intercept) {
         Term &term = result.terms[j];
         for (std::size_t i = 0; i < rows; ++i)
             a[i * terms + j] = intercept && j == 0 ? 1 : data.at(i, source[j]) - term.shift;
-        term.scale = powerOfTwoNear(&a[j], terms, rows);
+        term.scale = scaleOf(&a[j], terms, rows);
         for (std::size_t i = 0; i < rows; ++i) a[i * terms + j] *= term.scale;
     }
     const double level = intercept ? columnMean(data, response) : 0;
     for (std::size_t i = 0; i < rows; ++i) y[i] = data.at(i, response) - level;
+    const double responseScale = scaleOf(y.data(), 1, rows);
+    for (double &value : y) value *= responseScale;
 
     const int width = static_cast<int>(terms), height = static_cast<int>(rows), row = width * element;
     if (smxQRDecomp_m_64f(a.data(), row, element, buffer.data(), qr.data(), row, element, width, height) != smxStsNoErr)
@@ -106,9 +111,9 @@ Fit fit(const shared::Table &data, std::size_t response, bool intercept) {
         squares += rest * rest;
         total += y[i] * y[i];
     }
-    if (!std::isfinite(squares + total))
-        throw std::runtime_error(data.file + ": the numbers are too large to be squared");
-    result.residual = std::sqrt(squares / static_cast<double>(rows - terms));
+    if (!std::isfinite(squares + total)) throw std::runtime_error(data.file + ": the numbers are too large");
+    result.residual = std::sqrt(squares / static_cast<double>(rows - terms)) / responseScale;
+    for (double &coefficient : solution) coefficient /= responseScale;
     result.rSquared = 1 - squares / total;
 
     // The covariance of the coefficients is the variance times inv(R) inv(R)t. R with zeros below it is what the

@@ -15,7 +15,7 @@ namespace robot {
 namespace {
 
 struct Options {
-    std::string path = "path.csv", picture = "robot_arm.png", type = "double", makePath;
+    std::string path = ROBOT_ARM_PATH, picture = "robot_arm.png", type = "double", makePath;
     int threads = 1, singular = 1000, repeats = 5;
 };
 
@@ -119,7 +119,8 @@ int main(int count, char **arguments) {
     return execute(
         {"robot_arm",
          "Finds the joint angles of a PUMA 560 for every tool pose of a path, all poses at once.",
-         {{"[PATH.csv]", "columns x_mm,y_mm,z_mm,roll_deg,pitch_deg,yaw_deg (default: path.csv)", text(o.path)},
+         {{"[PATH.csv]", "columns x_mm,y_mm,z_mm,roll_deg,pitch_deg,yaw_deg (default: that of the repository)",
+           text(o.path)},
           {"--threads N", "threads for the array calls (default: 1)", number(o.threads, 1, 1024)},
           {"--type TYPE", "double or float (default: double)", oneOf(o.type, {"double", "float"})},
           {"--picture FILE", "the arm and the path, .png or .svg (default: robot_arm.png; none: no picture)",

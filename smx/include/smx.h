@@ -36,10 +36,11 @@
  * Threads   None are used until the caller asks: threads_omp_of_n_smk (smkcore.h) starts at OMP_NUM_THREADS where that
  *           is set to a number, else at 1. An array call with more work, counted in elements, than its group's line
  *           "Threads" names is then cut into that many contiguous shares of objects; with fewer objects than threads it
- *           runs on the calling thread. THE TRAP: inside a parallel region of the caller's own, where OpenMP gives
- *           nested regions one thread, such a call does only the first share and returns 0. Set threads_omp_of_n_smk to
- *           1 before such a region and split the array there yourself. Every function may be called from several
- *           threads at once.
+ *           runs on the calling thread. Every function may be called from several threads at once.
+ *           TWO TRAPS: inside a parallel region of the caller's own, where OpenMP gives nested regions one thread, such
+ *           a call does only the first share and returns 0. Set threads_omp_of_n_smk to 1 before such a region and
+ *           split the array there yourself. And the threads of a call take OpenMP's unnamed lock, so one that is made
+ *           from inside an unnamed critical section never returns: give the section a name.
  *
  * Bits      A call gives the same bits for every thread count, address, instruction set and compiler. Unless a group
  *           says otherwise, each product, sum and difference is rounded to the element type, in the stated order, and

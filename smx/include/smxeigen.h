@@ -137,7 +137,9 @@ SMX_API SmxStatus smxEigenValuesVectorsSym_ma_64f_L(const double *const *src, in
                                                     int widthHeight, int count);
 
 /* The bytes of scratch of the general eigen functions for matrices of n = widthHeight: n * (n + 5) elements for
- * smxEigenValues, n * (3 * n + 5) for those with vectors. One buffer serves a whole array.
+ * smxEigenValues, n * (3 * n + 5) for those with vectors. One buffer serves a whole array. The product wraps in an int
+ * from n = 16382 on (_64f; 9459 with vectors) or 23168 on (_32f; 13377 with vectors), with status 0: compute it yourself
+ * there.
  * Checks: null (bufSize), size. smxStsNullPtrErr, smxStsSizeErr; nothing is written then. */
 SMX_API SmxStatus smxEigenValuesGetBufSize_32f(int widthHeight, int *bufSize);
 SMX_API SmxStatus smxEigenValuesGetBufSize_64f(int widthHeight, int *bufSize);
@@ -176,7 +178,8 @@ SMX_API SmxStatus smxEigenValuesVectorsGetBufSize_64f(int widthHeight, int *bufS
  * others, compare the sum of the squares of the values with the trace of A A, or perturb the matrix.
  *
  * smxStsConvergeErr: 30 n double steps were not enough. The values found so far stand at the upper indices; the others
- *     are not written. So end matrices of side 3 and up with not-a-numbers. With infinities the status may be this one
+ *     are not written. So end most matrices of side 3 and up with not-a-numbers; where zeros cut one off from the rest,
+ *     the status may be 0, the values even finite. With infinities the status may be this one
  *     or 0, here and in smxEigenValuesVectors; sides 1 and 2 pass both on with status 0.
  * An array call stops at its first failing object: those before it are done, those behind it untouched, up to the
  * end of the same thread's share. */

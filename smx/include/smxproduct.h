@@ -35,10 +35,10 @@ extern "C" {
  *           smxStsNullPtrErr, smxStsCountMatrixErr, smxStsSizeErr, smxStsSizeMatchMatrixErr, smxStsStrideMatrixErr,
  *           smxStsRoiShiftMatrixErr.
  * Status    no other failure: 0 means that every object has been written.
- * Threads   where the elements touched, an array counted count times and a single matrix once, are more than 36864 in
- *           double; 18432 where a stride2 is not the element size, and in _L; 9216 in _P. In float the bound is 6: with
- *           threads_omp_of_n_smk above 1 nearly every float array product is split, also the small one that would be
- *           done sooner on one thread. */
+ * Threads   where the elements of sources and result, an array counted count times and a single matrix once, are more
+ *           than 36864 in double; 18432 where a stride2 is not the element size, and in _L; 9216 in _P. In float the
+ *           bound is 6: with threads_omp_of_n_smk above 1 nearly every float array product is split, also the small one
+ *           that would be done sooner on one thread. */
 SMX_API SmxStatus smxMul_mm_32f(const float *src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height,
                                 const float *src2, int src2Stride1, int src2Stride2, int src2Width, int src2Height,
                                 float *dst, int dstStride1, int dstStride2);

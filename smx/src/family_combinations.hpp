@@ -55,14 +55,11 @@ struct MatrixByConstant {
             return objects(a, factor, dst, width.value, height.value, first, last);
         });
     }
-    // List kernels that call the non-array kernel; its status is not looked at.
+    // List kernels that call the non-array kernel.
     template <class Tier, class Call, class A, class C, class D>
     static SmxStatus run(Tier, const Inner<Call> &inner, const A &a, const C &factor, const D &dst,
                          Size<Role::width> width, Size<Role::height> height, Count count) {
-        const auto one_by_one = [&](int first, int last) {
-            for (int n = first; n < last; ++n) inner.call(n);
-            return SmxStatus{smxStsNoErr};
-        };
+        const auto one_by_one = each_by(inner);
         if (inner.replaced) return one_by_one(0, count.value);
         return in_groups(a, factor, dst, width.value, height.value, count.value, one_by_one);
     }

@@ -127,7 +127,8 @@ struct Extract : Moves {
             if (count > 1 && (width > 6 || height > 6 || !apart(a, d, height * width, count))) {
                 for (int i = 0; i < height; ++i)
                     for (int j = 0; j < width; ++j) {
-                        const auto entry = a.table[i * width + j]; // read once: dst may lie on the table
+                        const auto entry =
+                            a.table[std::ptrdiff_t{i} * width + j]; // read once: dst may lie on the table
                         const A one(&entry, a.shift, a.stride0);
                         for (int n = 0; n < count; ++n) d.object(n)(i, j) = one.object(n, 1)(0, 0);
                     }

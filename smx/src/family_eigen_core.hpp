@@ -4,8 +4,9 @@
 // from 1, as in the published routines (LAPACK's xGEHRD, xORGHR, xLAHQR, xLANV2, from which much differs here).
 #pragma once
 
+#include <cstddef>
+
 #include "family_eigen_sym_core.hpp"
-#include "frame_pack.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {

@@ -6,6 +6,8 @@
 // back; where they truly differ, the mask `upward` decides.
 #pragma once
 
+#include <cstddef>
+
 #include "frame_number.hpp"
 
 namespace smx {
@@ -62,7 +64,7 @@ template <class Form, class Num, class Z>
                                                     ElementOfNumber<Num> gate) {
     using T = ElementOfNumber<Num>;
     using Mask = MaskOf<Num>;
-    const auto at = [=](int i, int j) -> Num & { return w[i * n + j]; };
+    const auto at = [=](int i, int j) -> Num & { return w[std::ptrdiff_t{i} * n + j]; };
     for (int k = 1; k < n - 1; ++k) {
         Num s = at(k, k - 1) * at(k, k - 1);
         for (int i = k + 1; i < n; ++i) s = s + at(i, k - 1) * at(i, k - 1);

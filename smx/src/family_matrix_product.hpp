@@ -157,7 +157,7 @@ struct MatrixProduct {
     static SmxStatus run(Tier, const A &a, W1 w1, H1 h1, const B &b, W2 w2, H2 h2, const D &d) {
         if constexpr (std::is_same_v<Tier, Plain> && !is_transposed<B>) {
             const int side = w1.value;
-            if (side >= 3 && side <= 6 && side == h1.value && side == w2.value && side == h2.value &&
+            if (is_written_out(side) && side == h1.value && side == w2.value && side == h2.value &&
                 instruction_set() != InstructionSet::sequential && are_apart(a, d, side)) {
                 constexpr int size = sizeof(ElementOf<D>);
                 constexpr bool turned = is_transposed<A>;
@@ -186,14 +186,11 @@ struct MatrixProduct {
         };
         return in_groups<is_list<Tier>>(a, w1, h1, b, w2, h2, d, count.value, one_by_one);
     }
-    // List kernels that call the non-array kernel; its status is not looked at.
+    // List kernels that call the non-array kernel.
     template <class Tier, class Call, class A, class B, class D>
     static SmxStatus run(Tier, const Inner<Call> &inner, const A &a, W1 w1, H1 h1, const B &b, W2 w2, H2 h2, const D &d,
                          Count count) {
-        const auto one_by_one = [&](int first, int last) {
-            for (int n = first; n < last; ++n) inner.call(n);
-            return SmxStatus{smxStsNoErr};
-        };
+        const auto one_by_one = each_by(inner);
         if (inner.replaced) return one_by_one(0, count.value);
         return in_groups<false>(a, w1, h1, b, w2, h2, d, count.value, one_by_one);
     }

@@ -118,14 +118,11 @@ struct MatrixSum {
         });
     }
 
-    // List kernels that call the non-array kernel; its status is not looked at.
+    // List kernels that call the non-array kernel.
     template <class Tier, class Call, class A, class B, class D>
     static SmxStatus run(Tier, const Inner<Call> &inner, const A &a, const B &b, const D &d, Size<Role::width> width,
                          Size<Role::height> height, Count count) {
-        const auto one_by_one = [&](int first, int last) {
-            for (int n = first; n < last; ++n) inner.call(n);
-            return smxStsNoErr;
-        };
+        const auto one_by_one = each_by(inner);
         if (inner.replaced) return one_by_one(0, count.value);
         return in_groups<ElementOf<D>>(a, b, d, width.value, height.value, count.value, one_by_one);
     }

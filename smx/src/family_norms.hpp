@@ -88,7 +88,7 @@ struct Trace {
     template <class Tier, class A, class R>
     static SmxStatus run(Tier, const A &a, Size<Role::side> side, const R &dst, Count count) {
         const auto one_by_one = [&](int first, int last) { return objects<Tier>(a, dst, side.value, first, last); };
-        if (side.value < 3 || side.value > 6) return one_by_one(0, count.value);
+        if (!is_written_out(side.value)) return one_by_one(0, count.value);
         const LaneOperand matrices = a.lanes(side.value, side.value);
         if (!takes_lanes(matrices, count.value)) return one_by_one(0, count.value);
         const LanePlan plan = lane_plan(count.value, {{matrices, SameObject::any}}, {dst.lanes(1)});

@@ -106,7 +106,7 @@ struct MatrixVectorProduct : VectorSizes {
         } else if constexpr (is_adjacent<Tier>) {
             int n = first;
             if constexpr (!is_single<D>)
-                for (; n + 2 <= last; n += 2) grouped<4, 2, T>(a, columns, b, d, n, m, k);
+                for (; n <= last - 2; n += 2) grouped<4, 2, T>(a, columns, b, d, n, m, k);
             if (n < last) grouped<8, 1, T>(a, columns, b, d, n, m, k);
         } else {
             for (int n = first; n < last; ++n)
@@ -165,14 +165,11 @@ struct MatrixVectorProduct : VectorSizes {
         };
         return in_groups<is_list<Tier>>(a, w1, h1, b, len2, d, count.value, one_by_one);
     }
-    // List kernels that call the non-array kernel; its status is not looked at.
+    // List kernels that call the non-array kernel.
     template <class Tier, class Call, class A, class B, class D>
     static SmxStatus run(Tier, const Inner<Call> &inner, const A &a, W1 w1, H1 h1, const B &b, Len2 len2, const D &d,
                          Count count) {
-        const auto one_by_one = [&](int first, int last) {
-            for (int n = first; n < last; ++n) inner.call(n);
-            return SmxStatus{smxStsNoErr};
-        };
+        const auto one_by_one = each_by(inner);
         if (inner.replaced) return one_by_one(0, count.value);
         return in_groups<false>(a, w1, h1, b, len2, d, count.value, one_by_one);
     }

@@ -21,8 +21,8 @@
 namespace smx {
 inline namespace SMX_ISA {
 
-constexpr bool is_fixed_shape(int width, int height) {
-    return (width == 4 && height == 6) || (width == height && is_written_out(width));
+inline bool is_fixed_shape(int width, int height) {
+    return with_fixed_shape(width, height, [](auto, auto) {});
 }
 
 template <class T, int W, int H>

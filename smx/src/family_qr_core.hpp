@@ -1,5 +1,5 @@
 // QR factorization and solve of one object, or of a group of them: templates over the number type. Sizes are int, or
-// constants where the code is to be unrolled (FixedShape); the arithmetic and its order are the same.
+// constants where the code is to be unrolled (with_fixed_shape); the arithmetic and its order are the same.
 #pragma once
 
 #include "frame_number.hpp"

@@ -138,14 +138,11 @@ struct VectorArithmetic {
         if (std::is_same_v<Tier, P> && len > 6) return one_by_one(0, count);
         return in_groups(a, b, d, len, count, one_by_one);
     }
-    // List kernels that call the non-array kernel; its status is not looked at.
+    // List kernels that call the non-array kernel.
     template <class Tier, class Call, class A, class B, class D>
     static SmxStatus run(Tier, const Inner<Call> &inner, const A &a, const B &b, const D &d, Size<Role::len> len,
                          Count count) {
-        const auto one_by_one = [&](int first, int last) {
-            for (int n = first; n < last; ++n) inner.call(n);
-            return SmxStatus{smxStsNoErr};
-        };
+        const auto one_by_one = each_by(inner);
         if (inner.replaced) return one_by_one(0, count.value);
         return in_groups(a, b, d, len.value, count.value, one_by_one);
     }

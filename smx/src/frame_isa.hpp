@@ -2,7 +2,8 @@
 //
 // Every unit is compiled for one set and puts all its inline code into the namespace of that set, so that code built
 // for a wide set can never be merged into code that runs everywhere. The library itself is built for the baseline;
-// the lanes_*.cpp units are built again for each wider set (smx/CMakeLists.txt) and reached through SMX_ON_LANES.
+// the lanes_*.cpp units are built again for each wider set (smx/CMakeLists.txt) and reached through SMX_ON_LANES, or through
+// SMX_ON_ALL_LANES (frame_lanes.hpp) where the narrower sets do what is left over.
 #pragma once
 
 #ifndef SMX_ISA

@@ -25,16 +25,16 @@ template <class T, int at_once = 1, bool in_order = false, bool light = false, c
     const bool watched = plan.watched && begins_groups(plan) && !(in_order && only_results_may_meet(plan));
     int n = first;
     if constexpr (light) {
-        for (int end = count; n + W <= count;) {
+        for (int end = count; n <= count - W;) {
             if (watched) {
                 if (!begin_group(plan, n, W)) break;
                 end = n + W;
             }
-            for (; n + W <= end; n += W)
+            for (; n <= end - W; n += W)
                 if (!body(n)) return n;
         }
     } else {
-        for (; n + W <= count; n += W) {
+        for (; n <= count - W; n += W) {
             if (watched && !begin_group(plan, n, W)) break;
             if (!body(n)) break;
         }
@@ -150,8 +150,16 @@ enum class Loop {
     usual,
     pairs, // the sequential kernel takes two objects at a time, so its order may show between neighbours, too
     lists, // lists have a loop of their own
+    heavy, // so have they, as a function of its own: so much is done for an object that it needs all registers
     light  // so have all pairs of layouts: so little is done for an object of a source and of a result
 };
+
+// By itself, because a loop over three lists needs all registers: with the rest of its kernel around it GCC would keep
+// addresses in memory.
+template <class Body, class... Starts>
+[[gnu::noinline, gnu::flatten]] inline void each_listed(int n, int end, Body body, const Starts... starts) {
+    for (; n < end; ++n) body(starts[n]...);
+}
 
 // Objects first .. count - 1 one after the other, each read whole before it is stored: only what overlaps within the
 // same object matters. body(start...) is given where each operand's object starts. Whether it reads and writes by masks
@@ -172,6 +180,9 @@ template <class T, Loop kind = Loop::usual, bool masked = false, class Body, cla
             if constexpr (kind == Loop::light) {
 #pragma GCC unroll 4
                 for (; n < end; ++n) body(starts[n]...);
+            } else if constexpr (kind == Loop::heavy && (std::is_same_v<decltype(starts), const ListedStarts> && ...)) {
+                each_listed(n, end, body, starts...);
+                n = end;
             } else {
                 for (; n < end; ++n) body(starts[n]...);
             }
@@ -187,7 +198,7 @@ template <class T, Loop kind = Loop::usual, bool masked = false, class Body, cla
         };
         return two(operands...);
     }
-    if constexpr (kind == Loop::lists)
+    if constexpr (kind == Loop::lists || kind == Loop::heavy)
         if ((listed(operands) && ...)) return loop(ListedStarts(operands)...);
     return loop(ObjectStarts(operands)...);
 }

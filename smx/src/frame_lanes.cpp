@@ -3,7 +3,6 @@
 #include "lanes_lists.hpp"
 #include "lanes_runs.hpp"
 
-#include <limits.h>
 #include <stdint.h>
 #include <string.h>
 
@@ -11,24 +10,22 @@ namespace smx {
 
 namespace {
 
-using Address = intptr_t;
-
 // The bytes of one object lie in [low, low + extent), of object n at n * stride0 behind that, of all in [low, high).
 struct Footprint {
     Address low, high;
     ptrdiff_t extent, stride0;
 };
 
-int elements(const LaneOperand &o) {
-    return o.rows * o.columns;
+ptrdiff_t elements(const LaneOperand &o) {
+    return ptrdiff_t{o.rows} * o.columns;
 }
 
-Address entry(const LaneOperand &o, int e) {
+Address entry(const LaneOperand &o, ptrdiff_t e) {
     return reinterpret_cast<Address>(o.table[e]) + o.shift;
 }
 
 // The address of element e (row-major as stored) of object 0 of a strided or pointer operand.
-Address element_address(const LaneOperand &o, int e) {
+Address element_address(const LaneOperand &o, ptrdiff_t e) {
     if (o.addressing == Addressing::pointers) return entry(o, e);
     return reinterpret_cast<Address>(o.base) + e / o.columns * o.stride1 + e % o.columns * o.stride2;
 }
@@ -43,7 +40,7 @@ Footprint footprint_from(Address low, ptrdiff_t extent, const LaneOperand &o, in
 }
 [[gnu::noinline]] Footprint footprint_of_pointers(const LaneOperand &o, int count) {
     Address low = entry(o, 0), high = low;
-    for (int e = 1; e < elements(o); ++e) {
+    for (ptrdiff_t e = 1; e < elements(o); ++e) {
         const Address at = entry(o, e);
         low = at < low ? at : low;
         high = at > high ? at : high;
@@ -60,6 +57,15 @@ bool apart(Address low1, ptrdiff_t size1, Address low2, ptrdiff_t size2) {
     return low1 + size1 <= low2 || low2 + size2 <= low1;
 }
 
+bool same_addresses(const LaneOperand &a, const LaneOperand &b) {
+    return a.addressing == b.addressing && a.base == b.base && a.table == b.table && a.shift == b.shift &&
+           (a.addressing == Addressing::list || a.stride0 == b.stride0) && a.stride1 == b.stride1 &&
+           a.stride2 == b.stride2 && a.rows == b.rows && a.columns == b.columns && a.transposed == b.transposed;
+}
+
+// To look at all pairs of more elements would take longer than the work itself.
+constexpr ptrdiff_t few_elements = 36;
+
 // No element of one object may lie closer to another element than `width` objects, so that a row of lanes for one
 // element never meets the row of lanes for another. For operands whose objects follow each other element by element.
 bool lane_rows_apart(const LaneOperand &a, const LaneOperand &b, int width, bool same_place_allowed) {
@@ -67,13 +73,15 @@ bool lane_rows_apart(const LaneOperand &a, const LaneOperand &b, int width, bool
     const bool self = &a == &b;
     if (self) {
         bool ascending = true;
-        for (int e = 1; e < elements(a) && ascending; ++e)
+        for (ptrdiff_t e = 1; e < elements(a) && ascending; ++e)
             ascending = element_address(a, e) - element_address(a, e - 1) >= reach;
         if (ascending) return true;
     }
-    for (int e = 0; e < elements(a); ++e) {
+    if (elements(a) > few_elements || elements(b) > few_elements)
+        return !self && same_place_allowed && same_addresses(a, b) && lane_rows_apart(a, a, width, false);
+    for (ptrdiff_t e = 0; e < elements(a); ++e) {
         const Address at = element_address(a, e);
-        for (int f = self ? e + 1 : 0; f < elements(b); ++f) {
+        for (ptrdiff_t f = self ? e + 1 : 0; f < elements(b); ++f) {
             const ptrdiff_t distance = at - element_address(b, f);
             if (distance == 0 && same_place_allowed) continue;
             if (distance > -reach && distance < reach) return false;
@@ -82,21 +90,16 @@ bool lane_rows_apart(const LaneOperand &a, const LaneOperand &b, int width, bool
     return true;
 }
 
-bool same_addresses(const LaneOperand &a, const LaneOperand &b) {
-    return a.addressing == b.addressing && a.base == b.base && a.table == b.table && a.shift == b.shift &&
-           (a.addressing == Addressing::list || a.stride0 == b.stride0) && a.stride1 == b.stride1 &&
-           a.stride2 == b.stride2 && a.rows == b.rows && a.columns == b.columns && a.transposed == b.transposed;
-}
-
 // Do the elements of one object stay out of each other's way?
 bool elements_apart(const LaneOperand &o) {
     if (o.addressing != Addressing::pointers)
         return o.stride1 >= (o.columns - 1) * o.stride2 + o.element || o.rows == 1 ||
                o.stride2 >= (o.rows - 1) * o.stride1 + o.element;
     bool ascending = true; // as nearly all tables are
-    for (int e = 1; e < elements(o) && ascending; ++e) ascending = entry(o, e) - entry(o, e - 1) >= o.element;
-    for (int e = 1; e < elements(o) && !ascending; ++e)
-        for (int f = 0; f < e; ++f)
+    for (ptrdiff_t e = 1; e < elements(o) && ascending; ++e) ascending = entry(o, e) - entry(o, e - 1) >= o.element;
+    if (!ascending && elements(o) > few_elements) return false;
+    for (ptrdiff_t e = 1; e < elements(o) && !ascending; ++e)
+        for (ptrdiff_t f = 0; f < e; ++f)
             if (!apart(entry(o, e), o.element, entry(o, f), o.element)) return false;
     return true;
 }
@@ -198,10 +201,6 @@ bool overlapping_pair(const LanePlan &plan, const LaneSource &source, const Lane
     return false;
 }
 
-} // namespace
-
-namespace {
-
 // Is it more than a cache holds, in objects of one run each?
 bool is_far(const LaneOperand &o, ptrdiff_t bytes, int count) {
     const bool in_one_run = o.stride2 == o.element && (o.rows == 1 || o.stride1 == o.columns * ptrdiff_t{o.element});
@@ -229,12 +228,24 @@ void note_far(LanePlan &plan) {
     if (large_list) plan.far = plan.far_masked = 0;
 }
 
+// Many lists name the objects of an array in their order: they are no lists then.
+void straighten(LaneOperand &o, int count) {
+    if (o.addressing != Addressing::list) return;
+    const Address step = SMX_ON_LANES(list_step, addresses(o), count);
+    if (step < strided_extent(o)) return;
+    o.base = reinterpret_cast<const void *>(entry(o, 0));
+    o.stride0 = step;
+    o.addressing = Addressing::strided;
+}
+
 } // namespace
 
 // What most calls need is inline, and the rest out of the way.
 void judge(LanePlan &plan) {
     const int count = plan.count;
     if (instruction_set() == InstructionSet::sequential) return;
+    for (int j = 0; j < plan.sources; ++j) straighten(plan.source[j].operand, count);
+    for (int i = 0; i < plan.results; ++i) straighten(plan.result[i], count);
     // Footprints grow upwards. The interface refuses other strides; who calls a kernel may have objects that go down.
     const auto goes_down = [](const LaneOperand &o) { return (o.stride0 | o.stride1 | o.stride2) < 0; };
     // Sources, then results.

@@ -54,9 +54,12 @@ struct LaneSource {
     SameObject same_object;
 };
 
+// An address as a number; lists are read as such, whatever their pointers point to.
+using Address [[gnu::may_alias]] = std::intptr_t;
+
 // A list of results that may meet themselves.
 struct ListAlone {
-    const std::intptr_t *list;
+    const Address *list;
     std::ptrdiff_t extent;
 };
 

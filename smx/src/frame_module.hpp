@@ -45,6 +45,14 @@ struct Inner {
 };
 template <class Call>
 Inner(Call, bool) -> Inner<Call>;
+// Objects one after the other by that kernel, whose status nobody looks at.
+template <class Call>
+inline auto each_by(const Inner<Call> &inner) {
+    return [&inner](int first, int last) {
+        for (int n = first; n < last; ++n) inner.call(n);
+        return SmxStatus{smxStsNoErr};
+    };
+}
 
 template <class Function>
 inline bool replaced(Function *called, Function *ours) {
@@ -61,53 +69,19 @@ inline bool replaced(Function *called, Function *ours) {
     SMX_RULES(name, rules)                            \
     SMX_STAMP_##shape(name, float, 32f, family, __VA_ARGS__) SMX_STAMP_##shape(name, double, 64f, family, __VA_ARGS__)
 
-#define SMX_MODULE_VIA(name, inner) SMX_MODULE_VIA_1(name, inner, SMX_ROW_##name)
-#define SMX_MODULE_VIA_1(name, inner, ...) SMX_MODULE_VIA_2(name, inner, __VA_ARGS__)
-#define SMX_MODULE_VIA_2(name, inner, shape, family, rules, ...) \
-    SMX_RULES(name, rules)                                       \
-    SMX_STAMP_VIA(name, inner, float, 32f, family, __VA_ARGS__)  \
-    SMX_STAMP_VIA(name, inner, double, 64f, family, __VA_ARGS__)
-
-#define SMX_MODULE_VIA_S2(name, inner) SMX_MODULE_VIA_S2_1(name, inner, SMX_ROW_##name)
-#define SMX_MODULE_VIA_S2_1(name, inner, ...) SMX_MODULE_VIA_S2_2(name, inner, __VA_ARGS__)
-#define SMX_MODULE_VIA_S2_2(name, inner, shape, family, rules, ...) \
-    SMX_RULES(name, rules)                                          \
-    SMX_STAMP_VIA_S2(name, inner, float, 32f, family, __VA_ARGS__)  \
-    SMX_STAMP_VIA_S2(name, inner, double, 64f, family, __VA_ARGS__)
-
-#define SMX_MODULE_COM(name, com_family) SMX_MODULE_COM_1(name, com_family, SMX_ROW_##name)
-#define SMX_MODULE_COM_1(name, com_family, ...) SMX_MODULE_COM_2(name, com_family, __VA_ARGS__)
-#define SMX_MODULE_COM_2(name, com_family, shape, family, rules, ...) \
-    SMX_RULES(name, rules)                                            \
-    SMX_STAMP_COM(name, float, 32f, family, com_family, __VA_ARGS__)  \
-    SMX_STAMP_COM(name, double, 64f, family, com_family, __VA_ARGS__)
-#define SMX_MODULE_VIA_COM(name, single) SMX_MODULE_VIA_COM_1(name, single, SMX_ROW_##name)
-#define SMX_MODULE_VIA_COM_1(name, single, ...) SMX_MODULE_VIA_COM_2(name, single, __VA_ARGS__)
-#define SMX_MODULE_VIA_COM_2(name, single, shape, family, rules, ...) \
-    SMX_RULES(name, rules)                                            \
-    SMX_STAMP_VIA_COM(name, single, float, 32f, family, __VA_ARGS__)  \
-    SMX_STAMP_VIA_COM(name, single, double, 64f, family, __VA_ARGS__)
-
-#define SMX_MODULE_VIA_COM_BUT_P(name, single) SMX_MODULE_VIA_COM_BUT_P_1(name, single, SMX_ROW_##name)
-#define SMX_MODULE_VIA_COM_BUT_P_1(name, single, ...) SMX_MODULE_VIA_COM_BUT_P_2(name, single, __VA_ARGS__)
-#define SMX_MODULE_VIA_COM_BUT_P_2(name, single, shape, family, rules, ...) \
-    SMX_RULES(name, rules)                                                  \
-    SMX_STAMP_VIA_COM_BUT_P(name, single, float, 32f, family, __VA_ARGS__)  \
-    SMX_STAMP_VIA_COM_BUT_P(name, single, double, 64f, family, __VA_ARGS__)
-
-#define SMX_MODULE_VIA_P(name, inner) SMX_MODULE_VIA_P_1(name, inner, SMX_ROW_##name)
-#define SMX_MODULE_VIA_P_1(name, inner, ...) SMX_MODULE_VIA_P_2(name, inner, __VA_ARGS__)
-#define SMX_MODULE_VIA_P_2(name, inner, shape, family, rules, ...) \
-    SMX_RULES(name, rules)                                         \
-    SMX_STAMP_VIA_P(name, inner, float, 32f, family, __VA_ARGS__)  \
-    SMX_STAMP_VIA_P(name, inner, double, 64f, family, __VA_ARGS__)
-
-#define SMX_MODULE_VIA_PLAIN_32f(name, inner) SMX_MODULE_VIA_PLAIN_32f_1(name, inner, SMX_ROW_##name)
-#define SMX_MODULE_VIA_PLAIN_32f_1(name, inner, ...) SMX_MODULE_VIA_PLAIN_32f_2(name, inner, __VA_ARGS__)
-#define SMX_MODULE_VIA_PLAIN_32f_2(name, inner, shape, family, rules, ...) \
-    SMX_RULES(name, rules)                                                 \
-    SMX_STAMP_VIA_PLAIN(name, inner, float, 32f, family, __VA_ARGS__)      \
-    SMX_STAMP_ARRAY(name, double, 64f, family, __VA_ARGS__)
+// A row whose kernels call those of another row, or leave part of their work to another family.
+#define SMX_MODULE_VIA(name, inner) SMX_MODULE_OF(SMX_STAMP_VIA, name, inner)
+#define SMX_MODULE_VIA_S2(name, inner) SMX_MODULE_OF(SMX_STAMP_VIA_S2, name, inner)
+#define SMX_MODULE_VIA_P(name, inner) SMX_MODULE_OF(SMX_STAMP_VIA_P, name, inner)
+#define SMX_MODULE_VIA_PLAIN_32f(name, inner) SMX_MODULE_OF(SMX_STAMP_VIA_PLAIN, name, inner)
+#define SMX_MODULE_COM(name, com_family) SMX_MODULE_OF(SMX_STAMP_COM, name, com_family)
+#define SMX_MODULE_VIA_COM(name, single) SMX_MODULE_OF(SMX_STAMP_VIA_COM, name, single)
+#define SMX_MODULE_VIA_COM_BUT_P(name, single) SMX_MODULE_OF(SMX_STAMP_VIA_COM_BUT_P, name, single)
+#define SMX_MODULE_OF(stamp, name, other) SMX_MODULE_OF_1(stamp, name, other, SMX_ROW_##name)
+#define SMX_MODULE_OF_1(stamp, name, other, ...) SMX_MODULE_OF_2(stamp, name, other, __VA_ARGS__)
+#define SMX_MODULE_OF_2(stamp, name, other, shape, family, rules, ...) \
+    SMX_RULES(name, rules)                                             \
+    stamp(name, other, float, 32f, family, __VA_ARGS__) stamp(name, other, double, 64f, family, __VA_ARGS__)
 
 #define SMX_DRIVERS(name) SMX_DRIVERS_1(name, 0, SMX_ROW_##name)
 #define SMX_DRIVERS_WITH_SCRATCH(name, elements) SMX_DRIVERS_1(name, elements, SMX_ROW_##name)
@@ -146,25 +120,36 @@ inline bool replaced(Function *called, Function *ours) {
     SMX_OWN_NAME(ownsmx##name##_##type##_P, P, T, __VA_ARGS__)            \
     SMX_STAMP_SINGLE_INTERFACE(name, T, type, __VA_ARGS__)
 
-#define SMX_STAMP_SINGLE_INTERFACE(name, T, type, ...)                                                             \
-    SMX_FUNCTION(smx##name##_##type, S, T, __VA_ARGS__) {                                                          \
-        return smx::enter<T, smx::rules_##name, smx::Layout::strided>(                                             \
-            [] { return smxStsNoErr; }, SMX_CALL(ownsmx##name##_##type, A, T, __VA_ARGS__),                        \
-            SMX_CALL(ownsmx##name##_##type##_S2, S, T, __VA_ARGS__), SMX_LIST(OPERAND, S, T, __VA_ARGS__));        \
-    }                                                                                                              \
-    SMX_FUNCTION(smx##name##_##type##_P, P, T, __VA_ARGS__) {                                                      \
-        const auto kernel = SMX_CALL(ownsmx##name##_##type##_P, P, T, __VA_ARGS__);                                \
-        return smx::enter<T, smx::rules_##name, smx::Layout::pointers>([] { return smxStsNoErr; }, kernel, kernel, \
-                                                                       SMX_LIST(OPERAND, P, T, __VA_ARGS__));      \
+// An interface function: entry checks, then the driver or a kernel: one of two, or one for every stride2.
+#define SMX_INTERFACE(function, name, layout, layout_name, kernel, kernel_layout, kernel_s2, T, driver, ...)      \
+    SMX_FUNCTION(function, layout, T, __VA_ARGS__) {                                                              \
+        return smx::enter<T, smx::rules_##name, smx::Layout::layout_name>(                                        \
+            driver, SMX_CALL(kernel, kernel_layout, T, __VA_ARGS__), SMX_CALL(kernel_s2, layout, T, __VA_ARGS__), \
+            SMX_LIST(OPERAND, layout, T, __VA_ARGS__));                                                           \
     }
+#define SMX_INTERFACE_ONE_KERNEL(function, name, layout, layout_name, T, driver, ...)                                 \
+    SMX_FUNCTION(smx##function, layout, T, __VA_ARGS__) {                                                             \
+        const auto kernel = SMX_CALL(ownsmx##function, layout, T, __VA_ARGS__);                                       \
+        return smx::enter<T, smx::rules_##name, smx::Layout::layout_name>(driver, kernel, kernel,                     \
+                                                                          SMX_LIST(OPERAND, layout, T, __VA_ARGS__)); \
+    }
+#define SMX_STRIDED_INTERFACE(name, T, type, driver, ...)                                                        \
+    SMX_INTERFACE(smx##name##_##type, name, S, strided, ownsmx##name##_##type, A, ownsmx##name##_##type##_S2, T, \
+                  driver, __VA_ARGS__)
+#define SMX_LIST_INTERFACE(name, T, type, driver, ...)                                                               \
+    SMX_INTERFACE(smx##name##_##type##_L, name, L, list, ownsmx##name##_##type##_L, LA, ownsmx##name##_##type##_LS2, \
+                  T, driver, __VA_ARGS__)
+// No driver: the call runs on its own thread.
+#define SMX_NO_DRIVER [] { return smxStsNoErr; }
 
-// The count comes last, unless the row places it itself.
-#define SMX_STAMP_ARRAY(name, T, type, family, ...) \
-    SMX_STAMP_ARRAY_COUNTED(name, T, type, family, __VA_ARGS__, (N, count))
-#define SMX_STAMP_ARRAY_COUNTED(name, T, type, family, ...)     \
-    SMX_STAMP_ARRAY_KERNELS(name, T, type, family, __VA_ARGS__) \
-    SMX_STAMP_LIST_KERNELS(name, T, type, family, __VA_ARGS__)  \
-    SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__)
+#define SMX_STAMP_SINGLE_INTERFACE(name, T, type, ...)               \
+    SMX_STRIDED_INTERFACE(name, T, type, SMX_NO_DRIVER, __VA_ARGS__) \
+    SMX_INTERFACE_ONE_KERNEL(name##_##type##_P, name, P, pointers, T, SMX_NO_DRIVER, __VA_ARGS__)
+
+#define SMX_STAMP_ARRAY(name, T, type, family, ...)                         \
+    SMX_STAMP_ARRAY_KERNELS(name, T, type, family, __VA_ARGS__, (N, count)) \
+    SMX_STAMP_LIST_KERNELS(name, T, type, family, __VA_ARGS__, (N, count))  \
+    SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__, (N, count))
 
 #define SMX_STAMP_LIST_KERNELS(name, T, type, family, ...)               \
     SMX_KERNEL(ownsmx##name##_##type##_L, L, LA, T, family, __VA_ARGS__) \
@@ -196,7 +181,10 @@ inline bool replaced(Function *called, Function *ours) {
                    __VA_ARGS__)                                                                            \
     SMX_STAMP_LIST_KERNELS(name, T, type, family, __VA_ARGS__, (N, count))                                 \
     SMX_STAMP_ARRAY_INTERFACE(name, T, type, __VA_ARGS__, (N, count))
-#define SMX_STAMP_VIA_PLAIN(name, inner, T, type, family, ...)                                                      \
+#define SMX_STAMP_VIA_PLAIN(name, inner, T, type, family, ...) \
+    SMX_VIA_PLAIN_##type(name, inner, T, type, family, __VA_ARGS__)
+#define SMX_VIA_PLAIN_64f(name, inner, T, type, family, ...) SMX_STAMP_ARRAY(name, T, type, family, __VA_ARGS__)
+#define SMX_VIA_PLAIN_32f(name, inner, T, type, family, ...)                                                        \
     SMX_KERNEL_VIA(ownsmx##name##_##type, ownsmx##inner##_##type, Plain, A, A, T, family, SMX_COUNTED, __VA_ARGS__) \
     SMX_KERNEL(ownsmx##name##_##type##_S2, S2, S, T, family, __VA_ARGS__, (N, count))                               \
     SMX_KERNEL(ownsmx##name##_##type##_P, P, P, T, family, __VA_ARGS__, (N, count))                                 \
@@ -218,7 +206,7 @@ inline bool replaced(Function *called, Function *ours) {
 #define SMX_COUNTED(...) __VA_ARGS__, (N, count)
 #define SMX_UNCOUNTED(...) __VA_ARGS__
 
-#define SMX_STAMP_COM(name, T, type, family, com_family, ...)                                                       \
+#define SMX_STAMP_COM(name, com_family, T, type, family, ...)                                                       \
     SMX_COM_KERNEL(SMX_COM_PLAIN_##name(name, type), Plain, A, T, com_family, __VA_ARGS__)                          \
     SMX_COM_KERNEL(ownsmx##name##_##type##_S2_com, S2, S, T, com_family, __VA_ARGS__)                               \
     SMX_COM_KERNEL(ownsmx##name##_##type##_P_com, P, P, T, com_family, __VA_ARGS__)                                 \
@@ -257,41 +245,21 @@ inline bool replaced(Function *called, Function *ours) {
     SMX_OWN_NAME(name, layout, T, __VA_ARGS__)
 #define SMX_KERNEL_VIA_(...) SMX_KERNEL_VIA(__VA_ARGS__)
 
-#define SMX_STAMP_ARRAY_INTERFACE(name, T, type, ...)                                                        \
-    SMX_FUNCTION(ownOMP_smx##name##_##type, S, T, __VA_ARGS__);                                              \
-    SMX_FUNCTION(ownOMP_smx##name##_##type##_P, P, T, __VA_ARGS__);                                          \
-    SMX_FUNCTION(ownOMP_smx##name##_##type##_L, L, T, __VA_ARGS__);                                          \
-    SMX_FUNCTION(smx##name##_##type, S, T, __VA_ARGS__) {                                                    \
-        return smx::enter<T, smx::rules_##name, smx::Layout::strided>(                                       \
-            SMX_CALL(ownOMP_smx##name##_##type, S, T, __VA_ARGS__),                                          \
-            SMX_CALL(ownsmx##name##_##type, A, T, __VA_ARGS__),                                              \
-            SMX_CALL(ownsmx##name##_##type##_S2, S, T, __VA_ARGS__), SMX_LIST(OPERAND, S, T, __VA_ARGS__));  \
-    }                                                                                                        \
-    SMX_FUNCTION(smx##name##_##type##_P, P, T, __VA_ARGS__) {                                                \
-        const auto kernel = SMX_CALL(ownsmx##name##_##type##_P, P, T, __VA_ARGS__);                          \
-        return smx::enter<T, smx::rules_##name, smx::Layout::pointers>(                                      \
-            SMX_CALL(ownOMP_smx##name##_##type##_P, P, T, __VA_ARGS__), kernel, kernel,                      \
-            SMX_LIST(OPERAND, P, T, __VA_ARGS__));                                                           \
-    }                                                                                                        \
-    SMX_FUNCTION(smx##name##_##type##_L, L, T, __VA_ARGS__) {                                                \
-        return smx::enter<T, smx::rules_##name, smx::Layout::list>(                                          \
-            SMX_CALL(ownOMP_smx##name##_##type##_L, L, T, __VA_ARGS__),                                      \
-            SMX_CALL(ownsmx##name##_##type##_L, LA, T, __VA_ARGS__),                                         \
-            SMX_CALL(ownsmx##name##_##type##_LS2, L, T, __VA_ARGS__), SMX_LIST(OPERAND, L, T, __VA_ARGS__)); \
-    }
+#define SMX_STAMP_ARRAY_INTERFACE(name, T, type, ...)                                                         \
+    SMX_FUNCTION(ownOMP_smx##name##_##type, S, T, __VA_ARGS__);                                               \
+    SMX_FUNCTION(ownOMP_smx##name##_##type##_P, P, T, __VA_ARGS__);                                           \
+    SMX_FUNCTION(ownOMP_smx##name##_##type##_L, L, T, __VA_ARGS__);                                           \
+    SMX_STRIDED_INTERFACE(name, T, type, SMX_CALL(ownOMP_smx##name##_##type, S, T, __VA_ARGS__), __VA_ARGS__) \
+    SMX_INTERFACE_ONE_KERNEL(name##_##type##_P, name, P, pointers, T,                                         \
+                             SMX_CALL(ownOMP_smx##name##_##type##_P, P, T, __VA_ARGS__), __VA_ARGS__)         \
+    SMX_LIST_INTERFACE(name, T, type, SMX_CALL(ownOMP_smx##name##_##type##_L, L, T, __VA_ARGS__), __VA_ARGS__)
 
 // An array row without drivers: every call runs on the calling thread.
 #define SMX_STAMP_ARRAY_NO_DRIVER(name, T, type, family, ...)               \
     SMX_STAMP_ARRAY_KERNELS(name, T, type, family, __VA_ARGS__, (N, count)) \
     SMX_STAMP_LIST_KERNELS(name, T, type, family, __VA_ARGS__, (N, count))  \
     SMX_STAMP_SINGLE_INTERFACE(name, T, type, __VA_ARGS__, (N, count))      \
-    SMX_STAMP_LIST_ALONE(name, T, type, __VA_ARGS__, (N, count))
-#define SMX_STAMP_LIST_ALONE(name, T, type, ...)                                                             \
-    SMX_FUNCTION(smx##name##_##type##_L, L, T, __VA_ARGS__) {                                                \
-        return smx::enter<T, smx::rules_##name, smx::Layout::list>(                                          \
-            [] { return smxStsNoErr; }, SMX_CALL(ownsmx##name##_##type##_L, LA, T, __VA_ARGS__),             \
-            SMX_CALL(ownsmx##name##_##type##_LS2, L, T, __VA_ARGS__), SMX_LIST(OPERAND, L, T, __VA_ARGS__)); \
-    }
+    SMX_LIST_INTERFACE(name, T, type, SMX_NO_DRIVER, __VA_ARGS__, (N, count))
 
 // Rows without kernels: the work stands in the interface functions. An array row places its count itself.
 #define SMX_STAMP_SINGLE_NO_KERNEL(name, T, type, family, ...)                       \
@@ -329,16 +297,11 @@ inline bool replaced(Function *called, Function *ours) {
 #define SMX_STAMP_ARRAY_STRIDED_FLOAT(name, T, type, family, ...) \
     SMX_STRIDED_FLOAT_##type(name, T, type, family, __VA_ARGS__, (N, count))
 #define SMX_STRIDED_FLOAT_64f(...)
-#define SMX_STRIDED_FLOAT_32f(name, T, type, family, ...)                                                   \
-    SMX_KERNEL(ownsmx##name##_##type, Plain, A, T, family, __VA_ARGS__)                                     \
-    SMX_KERNEL(ownsmx##name##_##type##_S2, S2, S, T, family, __VA_ARGS__)                                   \
-    SMX_FUNCTION(ownOMP_smx##name##_##type, S, T, __VA_ARGS__);                                             \
-    SMX_FUNCTION(smx##name##_##type, S, T, __VA_ARGS__) {                                                   \
-        return smx::enter<T, smx::rules_##name, smx::Layout::strided>(                                      \
-            SMX_CALL(ownOMP_smx##name##_##type, S, T, __VA_ARGS__),                                         \
-            SMX_CALL(ownsmx##name##_##type, A, T, __VA_ARGS__),                                             \
-            SMX_CALL(ownsmx##name##_##type##_S2, S, T, __VA_ARGS__), SMX_LIST(OPERAND, S, T, __VA_ARGS__)); \
-    }
+#define SMX_STRIDED_FLOAT_32f(name, T, type, family, ...)                 \
+    SMX_KERNEL(ownsmx##name##_##type, Plain, A, T, family, __VA_ARGS__)   \
+    SMX_KERNEL(ownsmx##name##_##type##_S2, S2, S, T, family, __VA_ARGS__) \
+    SMX_FUNCTION(ownOMP_smx##name##_##type, S, T, __VA_ARGS__);           \
+    SMX_STRIDED_INTERFACE(name, T, type, SMX_CALL(ownOMP_smx##name##_##type, S, T, __VA_ARGS__), __VA_ARGS__)
 #define SMX_STAMP_DRIVERS_ARRAY_STRIDED_FLOAT(name, T, type, elements, ...) \
     SMX_STRIDED_FLOAT_DRIVER_##type(name, T, type, elements, __VA_ARGS__, (N, count))
 #define SMX_STRIDED_FLOAT_DRIVER_64f(...)
@@ -346,15 +309,13 @@ inline bool replaced(Function *called, Function *ours) {
     SMX_DRIVER(ownOMP_smx##name##_##type, S, ownsmx##name##_##type, A, ownsmx##name##_##type##_S2, S, T, elements, \
                __VA_ARGS__)
 
-#define SMX_STAMP_DRIVERS_ARRAY(name, T, type, elements, ...) \
-    SMX_STAMP_DRIVERS_ARRAY_COUNTED(name, T, type, elements, __VA_ARGS__, (N, count))
-#define SMX_STAMP_DRIVERS_ARRAY_COUNTED(name, T, type, elements, ...)                                              \
+#define SMX_STAMP_DRIVERS_ARRAY(name, T, type, elements, ...)                                                      \
     SMX_DRIVER(ownOMP_smx##name##_##type, S, ownsmx##name##_##type, A, ownsmx##name##_##type##_S2, S, T, elements, \
-               __VA_ARGS__)                                                                                        \
+               __VA_ARGS__, (N, count))                                                                            \
     SMX_DRIVER(ownOMP_smx##name##_##type##_P, P, ownsmx##name##_##type##_P, P, ownsmx##name##_##type##_P, P, T,    \
-               elements, __VA_ARGS__)                                                                              \
+               elements, __VA_ARGS__, (N, count))                                                                  \
     SMX_DRIVER(ownOMP_smx##name##_##type##_L, L, ownsmx##name##_##type##_L, LA, ownsmx##name##_##type##_LS2, L, T, \
-               elements, __VA_ARGS__)
+               elements, __VA_ARGS__, (N, count))
 
 // A driver with its kernel for adjacent elements and the one for a general stride2; the pointer layout has one kernel.
 #define SMX_DRIVER(name, layout, kernel, kernel_layout, kernel_s2, s2_layout, T, elements, ...)                  \
@@ -379,19 +340,11 @@ inline bool replaced(Function *called, Function *ours) {
 
 // The general eigen families: one kernel for each layout, with every stride, and scratch of as many bytes as a size
 // query says. Count and scratch stand in the row.
-#define SMX_STAMP_SINGLE_ONE_KERNEL(name, T, type, family, ...)                                                    \
-    SMX_KERNEL(ownsmx##name##_##type, S2, S, T, family, __VA_ARGS__)                                               \
-    SMX_KERNEL(ownsmx##name##_##type##_P, P, P, T, family, __VA_ARGS__)                                            \
-    SMX_FUNCTION(smx##name##_##type, S, T, __VA_ARGS__) {                                                          \
-        const auto kernel = SMX_CALL(ownsmx##name##_##type, S, T, __VA_ARGS__);                                    \
-        return smx::enter<T, smx::rules_##name, smx::Layout::strided>([] { return smxStsNoErr; }, kernel, kernel,  \
-                                                                      SMX_LIST(OPERAND, S, T, __VA_ARGS__));       \
-    }                                                                                                              \
-    SMX_FUNCTION(smx##name##_##type##_P, P, T, __VA_ARGS__) {                                                      \
-        const auto kernel = SMX_CALL(ownsmx##name##_##type##_P, P, T, __VA_ARGS__);                                \
-        return smx::enter<T, smx::rules_##name, smx::Layout::pointers>([] { return smxStsNoErr; }, kernel, kernel, \
-                                                                       SMX_LIST(OPERAND, P, T, __VA_ARGS__));      \
-    }
+#define SMX_STAMP_SINGLE_ONE_KERNEL(name, T, type, family, ...)                              \
+    SMX_KERNEL(ownsmx##name##_##type, S2, S, T, family, __VA_ARGS__)                         \
+    SMX_KERNEL(ownsmx##name##_##type##_P, P, P, T, family, __VA_ARGS__)                      \
+    SMX_INTERFACE_ONE_KERNEL(name##_##type, name, S, strided, T, SMX_NO_DRIVER, __VA_ARGS__) \
+    SMX_INTERFACE_ONE_KERNEL(name##_##type##_P, name, P, pointers, T, SMX_NO_DRIVER, __VA_ARGS__)
 #define SMX_STAMP_ARRAY_ONE_KERNEL(name, T, type, family, ...)                            \
     SMX_ONE_KERNEL_ARRAY(name##_##type, name, S2, S, strided, T, family, __VA_ARGS__)     \
     SMX_ONE_KERNEL_ARRAY(name##_##type##_P, name, P, P, pointers, T, family, __VA_ARGS__) \
@@ -399,12 +352,8 @@ inline bool replaced(Function *called, Function *ours) {
 #define SMX_ONE_KERNEL_ARRAY(function, name, tier, layout, layout_name, T, family, ...) \
     SMX_KERNEL(ownsmx##function, tier, layout, T, family, __VA_ARGS__)                  \
     SMX_FUNCTION(ownOMP_smx##function, layout, T, __VA_ARGS__);                         \
-    SMX_FUNCTION(smx##function, layout, T, __VA_ARGS__) {                               \
-        const auto kernel = SMX_CALL(ownsmx##function, layout, T, __VA_ARGS__);         \
-        return smx::enter<T, smx::rules_##name, smx::Layout::layout_name>(              \
-            SMX_CALL(ownOMP_smx##function, layout, T, __VA_ARGS__), kernel, kernel,     \
-            SMX_LIST(OPERAND, layout, T, __VA_ARGS__));                                 \
-    }
+    SMX_INTERFACE_ONE_KERNEL(function, name, layout, layout_name, T,                    \
+                             SMX_CALL(ownOMP_smx##function, layout, T, __VA_ARGS__), __VA_ARGS__)
 
 #define SMX_STAMP_DRIVERS_ARRAY_ONE_KERNEL(name, T, type, query, ...)           \
     SMX_ONE_KERNEL_DRIVER(name##_##type, S, T, query##_##type, __VA_ARGS__)     \

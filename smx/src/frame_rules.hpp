@@ -105,8 +105,7 @@ using enum Role;
 using enum Test;
 using S = const Sizes &;
 
-// Elements touched by a product of operands of z1 and z2 elements into one of zd, and its bounds. The 6 of `float` is
-// meant: nearly every call goes to the driver, whose own fallback stops the tiny ones.
+// The bounds of products. The 6 of `float` is meant: nearly every call goes to the driver, whose own fallback stops the tiny ones.
 #define SMX_PRODUCT_CELLS                                   \
     above, {6, 36864}, {6, 18432}, {6, 9216}, {6, 18432}, { \
         6, 18432                                            \

@@ -13,7 +13,8 @@
 //   S  strided      A  strided, stride2 left out because elements are adjacent
 //   L  list         LA list, stride2 left out          P  pointer table
 //
-// These macros spell signatures and argument lists; every loop, sum and decision is C++ elsewhere.
+// These macros spell signatures and argument lists, those of a share or an object with its offset; every loop is C++
+// elsewhere.
 #pragma once
 
 #define SMX_PARENTHESES ()
@@ -207,9 +208,6 @@
 #define SMX_OBJECT_S_MATRICES(T, name, p) smx::stepped(name, p##Stride0, n), p##Stride1, p##Stride2
 #define SMX_OBJECT_A_MATRICES(T, name, p) smx::stepped(name, p##Stride0, n), p##Stride1
 #define SMX_OBJECT_P_MATRICES(T, name, p) name, p##RoiShift + n *p##Stride0
-#define SMX_OBJECT_S_VECTOR(T, n, p) SMX_ARG_S_VECTOR(T, n, p)
-#define SMX_OBJECT_A_VECTOR(T, n, p) SMX_ARG_A_VECTOR(T, n, p)
-#define SMX_OBJECT_S_VECTORS(T, name, p) smx::stepped(name, p##Stride0, n), p##Stride2
 #define SMX_OBJECT_A_VECTORS(T, name, p) smx::stepped(name, p##Stride0, n)
 #define SMX_OBJECT_PACKED(T, name, step) name + static_cast<std::ptrdiff_t>(step) * n
 #define SMX_OBJECT_BUFFER(T, n) n

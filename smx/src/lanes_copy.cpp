@@ -1,7 +1,7 @@
 #include "lanes_copy.hpp"
 
 #include "frame_lane_loops.hpp"
-#include "frame_row.hpp"
+#include "frame_lane_row.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
@@ -62,17 +62,17 @@ SMX_LANE_LOOP int blocks_without_gaps(const LanePlan &plan, int first) {
 #endif
 // Calls f(Block<size>{}) for the size that is `bytes`, if it is one of those named.
 template <bool may_mask, int... sizes, class F>
-[[gnu::always_inline]] inline bool with_block(int bytes, F f) {
+[[gnu::always_inline]] inline bool with_block(std::ptrdiff_t bytes, F f) {
     return ((bytes == sizes && (f(Block<sizes, may_mask>{}), true)) || ...);
 }
 SMX_LANE_LOOP int blocks(const LanePlan &plan, int first) {
     const LaneOperand &s = plan.source[0].operand, &d = plan.result[0];
     const int height = dense(s) && dense(d) ? 1 : d.rows;
-    const int bytes = d.columns * d.element * (height == 1 ? d.rows : 1);
+    const std::ptrdiff_t bytes = std::ptrdiff_t{d.columns} * d.element * (height == 1 ? d.rows : 1);
     int done = first;
     const auto rows = [&](auto block) { done = blocks(plan, first, height, block); };
     const auto objects = [&](auto block) { done = blocks(plan, first, block); };
-    const bool is_far = std::ptrdiff_t{plan.count} * bytes >= far_bytes;
+    const bool is_far = plan.count * bytes >= far_bytes;
 #if defined(__AVX512F__)
     const auto strided = [](const LaneOperand &o) { return o.addressing == Addressing::strided && !o.single; };
     if (!is_far && height == 1 && strided(s) && strided(d) && d.stride0 == bytes) switch (bytes) {

@@ -8,11 +8,11 @@
 namespace smx {
 inline namespace SMX_ISA {
 
-void list_bounds(const std::intptr_t *list, int count, std::intptr_t &low, std::intptr_t &high) {
-    typedef std::intptr_t Addresses __attribute__((vector_size(pack_bytes)));
-    constexpr int W = pack_bytes / static_cast<int>(sizeof(std::intptr_t));
+void list_bounds(const Address *list, int count, Address &low, Address &high) {
+    typedef Address Addresses __attribute__((vector_size(pack_bytes)));
+    constexpr int W = pack_bytes / static_cast<int>(sizeof(Address));
     low = high = list[0];
-    const auto take = [](std::intptr_t &least, std::intptr_t &most, std::intptr_t x) {
+    const auto take = [](Address &least, Address &most, Address x) {
         least = x < least ? x : least;
         most = x > most ? x : most;
     };
@@ -41,7 +41,7 @@ void list_bounds(const std::intptr_t *list, int count, std::intptr_t &low, std::
         least[0] = least[k] < least[0] ? least[k] : least[0];
         most[0] = most[k] > most[0] ? most[k] : most[0];
     }
-    std::intptr_t lowest = low, highest = high; // no stores through references on the way
+    Address lowest = low, highest = high; // no stores through references on the way
     for (int l = 0; l < W; ++l) {
         lowest = least[0][l] < lowest ? least[0][l] : lowest;
         highest = most[0][l] > highest ? most[0][l] : highest;
@@ -50,10 +50,25 @@ void list_bounds(const std::intptr_t *list, int count, std::intptr_t &low, std::
     high = highest;
 }
 
-bool list_ascends(const std::intptr_t *list, int count, std::intptr_t gap) {
-    // Signs are gathered, so that there is no branch in the loop; but most lists that do not ascend show it soon.
-    constexpr int soon = 16;
-    std::intptr_t signs = 0;
+namespace {
+
+// Findings are gathered, so that there is no branch in the loops; but most lists show soon that they are in no order.
+constexpr int soon = 16;
+
+} // namespace
+
+Address list_step(const Address *list, int count) {
+    const Address step = list[1] - list[0];
+    Address differences = 0;
+    int n = 2;
+    for (; n < count && n < soon; ++n) differences |= (list[n] - list[n - 1]) ^ step;
+    if (differences != 0) return 0;
+    for (; n < count; ++n) differences |= (list[n] - list[n - 1]) ^ step;
+    return differences == 0 ? step : 0;
+}
+
+bool list_ascends(const Address *list, int count, Address gap) {
+    Address signs = 0;
     int n = 1;
     for (; n < count && n < soon; ++n) signs |= list[n] - list[n - 1] - gap;
     if (signs < 0) return false;
@@ -61,21 +76,20 @@ bool list_ascends(const std::intptr_t *list, int count, std::intptr_t gap) {
     return signs >= 0;
 }
 
-bool lists_apart(const std::intptr_t *a, const std::intptr_t *b, int count, std::intptr_t extent_a,
-                 std::intptr_t extent_b) {
-    std::intptr_t signs = 0;
+bool lists_apart(const Address *a, const Address *b, int count, Address extent_a, Address extent_b) {
+    Address signs = 0;
     for (int n = 0; n < count; ++n) {
-        const std::intptr_t distance = b[n] - a[n];
+        const Address distance = b[n] - a[n];
         signs |= (distance - extent_a) & (-extent_b - distance); // negative both where they meet
     }
     return signs >= 0;
 }
 
-bool list_neighbours_apart(const std::intptr_t *list, int count, std::intptr_t extent) {
-    std::intptr_t signs = -1;
-    const std::intptr_t reach = extent - 1;
+bool list_neighbours_apart(const Address *list, int count, Address extent) {
+    Address signs = -1;
+    const Address reach = extent - 1;
     for (int n = 1; n < count; ++n) {
-        const std::intptr_t distance = list[n] - list[n - 1];
+        const Address distance = list[n] - list[n - 1];
         signs &= (distance + reach) | (reach - distance);
     }
     return signs < 0;
@@ -110,7 +124,7 @@ bool all_greater(V x, std::uint32_t bound) {
 // Each address beside the one r places on, round the group: apart if a - b + reach, taken without a sign, is greater
 // than twice the reach.
 template <int W, class Bits>
-bool group_apart(const std::intptr_t *list, Bits reach) {
+bool group_apart(const Address *list, Bits reach) {
     typedef Bits Addresses __attribute__((vector_size(W * sizeof(Bits))));
     Addresses a;
     for (int l = 0; l < W; ++l) a[l] = static_cast<Bits>(list[l]);
@@ -132,7 +146,7 @@ bool group_apart(const std::intptr_t *list, Bits reach) {
 
 } // namespace
 
-bool list_group_apart(const std::intptr_t *list, int width, std::intptr_t extent) {
+bool list_group_apart(const Address *list, int width, Address extent) {
     if (extent < 1 || extent > 1 << 30) return width < 2;
     const auto reach = static_cast<std::uint32_t>(extent - 1);
     switch (width) {

@@ -1,7 +1,7 @@
 #include "lanes_matrix_product.hpp"
 
 #include "frame_lane_loops.hpp"
-#include "frame_row.hpp"
+#include "frame_lane_row.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
@@ -59,20 +59,21 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
                     using All = Together<T, N, some_listed>;
                     if (single_second != nullptr) {
                         const All once(single_second);
-                        return each_object_of<T, Loop::lists, All::masked>(
+                        return each_object_of<T, Loop::heavy, All::masked>(
                             plan, first,
-                            [&](const Byte *x, const Byte *z)
+                            [=](const Byte *x, const Byte *z)
                                 __attribute__((always_inline)) { once.template product<from_zero>(x, z); },
                             a.o, d.o);
                     }
-                    return each_object_of<T, Loop::lists, All::masked>(
+                    return each_object_of<T, Loop::heavy, All::masked>(
                         plan, first, [](const Byte *x, const Byte *y, const Byte *z) __attribute__((always_inline)) {
                             All(y).template product<from_zero>(x, z);
                         },
                         a.o, b.o, d.o);
                 };
                 const auto listed = [](const LaneOperand &o) { return o.addressing == Addressing::list; };
-                if (N == 3 && (listed(a.o) || listed(b.o) || listed(d.o))) return whole(Fixed<N == 3>{});
+                if (N == 3 && !splits_registers() && (listed(a.o) || listed(b.o) || listed(d.o)))
+                    return whole(Fixed<N == 3>{});
                 return whole(Fixed<false>{});
             }
         const std::ptrdiff_t a_row = a.o.transposed ? a.o.stride2 : a.o.stride1;
@@ -80,17 +81,17 @@ SMX_LANE_LOOP int product(const LanePlan &plan, int first) {
         if (single_second != nullptr) {
             Row<T, N> second[N];
             read_rows<T, N>(single_second, b_row, second);
-            return each_object_of<T, Loop::lists, Row<T, N>::masked>(
+            return each_object_of<T, Loop::heavy, Row<T, N>::masked>(
                 plan, first,
-                [&](const Byte *x, const Byte *z) __attribute__((always_inline)) {
+                [=](const Byte *x, const Byte *z) __attribute__((always_inline)) {
                     rows_product<T, N, from_zero>(x, a_row, a_column, second, z, d_row);
                 },
                 a.o, d.o);
         }
         const auto each = [&]<bool dense>(Fixed<dense>) __attribute__((always_inline)) {
-            return each_object_of<T, Loop::lists, Row<T, N>::masked>(
+            return each_object_of<T, Loop::heavy, Row<T, N>::masked>(
                 plan, first,
-                [&](const Byte *x, const Byte *y, const Byte *z) __attribute__((always_inline)) {
+                [=](const Byte *x, const Byte *y, const Byte *z) __attribute__((always_inline)) {
                     Row<T, N> second[N];
                     read_rows<T, N, dense>(y, b_row, second);
                     rows_product<T, N, from_zero>(x, a_row, a_column, second, z, d_row);

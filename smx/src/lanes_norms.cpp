@@ -121,8 +121,8 @@ int trace_lanes(const LanePlan &plan, bool tail_first, int first) {
             using T = decltype(zero);
             constexpr int N = decltype(side)::value;
             constexpr bool has_tail = N > 4;
-            return has_tail && tail_first ? trace < has_tail ? SumOrder::trace_tail_first : SumOrder::ascending, T,
-                   N > (plan, first)      : trace<SumOrder::ascending, T, N>(plan, first);
+            constexpr SumOrder with_tail = has_tail ? SumOrder::trace_tail_first : SumOrder::ascending;
+            return tail_first ? trace<with_tail, T, N>(plan, first) : trace<SumOrder::ascending, T, N>(plan, first);
         });
 }
 

@@ -1,7 +1,7 @@
 #include "lanes_product_vector.hpp"
 
 #include "frame_lane_loops.hpp"
-#include "frame_row.hpp"
+#include "frame_lane_row.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {

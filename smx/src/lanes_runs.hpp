@@ -44,6 +44,7 @@ template <class... Operands>
 } // namespace smx
 
 // All that a run is goes through registers: what one call has to store waits behind the results of the call before it.
+// These two choose the set (frame_lanes.cpp).
 namespace smx {
 // result = x.
 void copy_run(const void *x, const void *result, std::ptrdiff_t bytes);

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "frame_lane_loops.hpp"
-#include "frame_row.hpp"
+#include "frame_lane_row.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {

@@ -2,7 +2,7 @@
 
 #include "family_products_core.hpp"
 #include "frame_lane_loops.hpp"
-#include "frame_row.hpp"
+#include "frame_lane_row.hpp"
 
 namespace smx {
 inline namespace SMX_ISA {
@@ -118,8 +118,8 @@ int dot_product_lanes(const LanePlan &plan, bool tail_second, int first) {
             using T = decltype(zero);
             constexpr int N = decltype(side)::value;
             constexpr bool has_tail = N > 4;
-            return has_tail && tail_second ? dot < has_tail ? SumOrder::dot_tail_second : SumOrder::ascending, T,
-                   N > (plan, first)       : dot<SumOrder::ascending, T, N>(plan, first);
+            constexpr SumOrder with_tail = has_tail ? SumOrder::dot_tail_second : SumOrder::ascending;
+            return tail_second ? dot<with_tail, T, N>(plan, first) : dot<SumOrder::ascending, T, N>(plan, first);
         });
 }
 int cross_product_lanes(const LanePlan &plan, int first) {
