@@ -37,6 +37,7 @@ struct MatrixByConstant {
         const LaneOperand x = a.lanes(height, width), result = dst.lanes(height, width);
         if (computes_run(Arithmetic::multiply, count, result, x, factor.value)) return smxStsNoErr;
         const LanePlan plan = lane_plan(count, {{x, SameObject::identical}}, {result}, groups_at_once(result));
+        if (computes_run(plan, Arithmetic::multiply, factor.value)) return smxStsNoErr;
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, combination_lanes, plan, factor.value, 0); }, one_by_one);
     }

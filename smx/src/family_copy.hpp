@@ -64,6 +64,7 @@ struct Moves {
         if (by_table && (width > 6 || height > 6)) return one_by_one(0, count);
         const LaneOperand source = a.lanes(height, width), result = d.lanes(height, width);
         const LanePlan plan = lane_plan(count, {{source, SameObject::identical}}, {result}, groups_at_once(result));
+        if (plan.verdict == Verdict::always && plan.packed && plan_copies_run(plan)) return smxStsNoErr;
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, copy_lanes, plan); }, one_by_one);
     }

@@ -87,6 +87,7 @@ struct MatrixSum {
         const LaneOperand x = a.lanes(height, width), y = b.lanes(height, width), result = d.lanes(height, width);
         const LanePlan plan = lane_plan(count, {{x, SameObject::identical}, {y, SameObject::identical}}, {result},
                                         groups_at_once(result));
+        if (computes_run(plan, operation)) return smxStsNoErr;
         return for_each_object<T>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, matrix_sum_lanes, plan, operation); }, one_by_one);
     }

@@ -95,6 +95,7 @@ struct VectorArithmetic {
     static SmxStatus in_groups(const A &a, const Value<T> &b, const D &d, int len, int count, Range one_by_one) {
         const LaneOperand x = a.lanes(1, len), result = d.lanes(1, len);
         const LanePlan plan = lane_plan(count, {{x, SameObject::identical}}, {result});
+        if (computes_run(plan, operation, b.value)) return smxStsNoErr;
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, vector_arithmetic_lanes, plan, operation, b.value); },
             one_by_one);
@@ -106,6 +107,7 @@ struct VectorArithmetic {
                                             : LaneSource{b.lanes(1, len), SameObject::identical};
         const LaneOperand x = a.lanes(1, len), result = d.lanes(1, len);
         const LanePlan plan = lane_plan(count, {{x, SameObject::identical}, y}, {result});
+        if (!is_constant<B> && computes_run(plan, operation)) return smxStsNoErr;
         return for_each_object<ElementOf<D>>(
             plan, [&](int n) { return SMX_ON_ALL_LANES(n, vector_arithmetic_lanes, plan, operation, 0.0); },
             one_by_one);

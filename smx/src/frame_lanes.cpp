@@ -457,6 +457,18 @@ void compute_run(const void *x, const void *y, const void *result, ptrdiff_t byt
     SMX_ON_LANES_UP_TO(widest, compute_run_lanes, x, y, result, bytes, kind, constant);
 }
 
+bool plan_copies_run(const LanePlan &plan) {
+    const LaneOperand &d = plan.result[0], &x = plan.source[0].operand;
+    const ptrdiff_t bytes = run_bytes(plan.count, d, x);
+    if (bytes != 0) copy_run(x.base, d.base, bytes);
+    return bytes != 0;
+}
+bool plan_computes_run(const LanePlan &plan, Arithmetic operation, double constant) {
+    const LaneOperand &d = plan.result[0], &x = plan.source[0].operand;
+    if (plan.sources == 1) return computes_run(operation, plan.count, d, x, constant);
+    return computes_run(operation, plan.count, d, x, plan.source[1].operand);
+}
+
 bool safe_in_pairs(const LanePlan &plan, int first) {
     if (!is_in_doubt(plan)) return true;
     return plan.doubts == doubt_alone(0) && SMX_ON_LANES(list_neighbours_apart, addresses(plan.result[0]) + first,

@@ -58,13 +58,20 @@ constexpr int soon = 16;
 } // namespace
 
 Address list_step(const Address *list, int count) {
-    const Address step = list[1] - list[0];
-    Address differences = 0;
+    // Against what it would be, so that each address is loaded once; without a sign, since it may wrap.
+    const auto step = static_cast<std::uintptr_t>(list[1]) - static_cast<std::uintptr_t>(list[0]);
+    std::uintptr_t expected = static_cast<std::uintptr_t>(list[1]), differences = 0;
     int n = 2;
-    for (; n < count && n < soon; ++n) differences |= (list[n] - list[n - 1]) ^ step;
+    const auto look_until = [&](int end) {
+        for (; n < end; ++n) {
+            expected += step;
+            differences |= static_cast<std::uintptr_t>(list[n]) ^ expected;
+        }
+    };
+    look_until(count < soon ? count : soon);
     if (differences != 0) return 0;
-    for (; n < count; ++n) differences |= (list[n] - list[n - 1]) ^ step;
-    return differences == 0 ? step : 0;
+    look_until(count);
+    return differences == 0 ? static_cast<Address>(step) : 0;
 }
 
 bool list_ascends(const Address *list, int count, Address gap) {

@@ -51,6 +51,10 @@ void copy_run(const void *x, const void *result, std::ptrdiff_t bytes);
 // result = x operation y; y is `constant` if it has no address.
 void compute_run(const void *x, const void *y, const void *result, std::ptrdiff_t bytes, RunKind kind,
                  double constant = 0);
+// A call whose lists a plan has found to be arrays without gaps: its sources are x and y, or x alone and the constant.
+// Says no, and does nothing, unless they are runs.
+bool plan_copies_run(const LanePlan &plan);
+bool plan_computes_run(const LanePlan &plan, Arithmetic operation, double constant);
 
 inline namespace SMX_ISA {
 // Computes a call whose operands are runs; else says no, and does nothing.
@@ -65,6 +69,9 @@ inline namespace SMX_ISA {
     const std::ptrdiff_t bytes = run_bytes(count, d, x);
     if (bytes != 0) compute_run(x.base, nullptr, d.base, bytes, {operation, d.element}, constant);
     return bytes != 0;
+}
+[[gnu::always_inline]] inline bool computes_run(const LanePlan &plan, Arithmetic operation, double constant = 0) {
+    return plan.verdict == Verdict::always && plan.packed && plan_computes_run(plan, operation, constant);
 }
 } // namespace SMX_ISA
 } // namespace smx
