@@ -215,6 +215,35 @@ TEST(Copy, WhatNoListOfCasesThinksOf) {
     }
 }
 
+// Each object is found in the list when its turn comes, also where the copies so far have changed the list.
+TEST(Copy, OntoTheListOfItsSource) {
+    constexpr int count = 20, elements = 3;
+    std::vector<double> pool(1000);
+    for (std::size_t i = 0; i < pool.size(); ++i) { // the bits of pointers into itself
+        const double *const other = &pool[i * 37 % 900];
+        std::memcpy(&pool[i], &other, sizeof other);
+    }
+    for (const bool in_order : {true, false}) {
+        const auto run = [&](auto copy) {
+            std::vector<const double *> area(200);
+            for (int n = 0; n < count; ++n)
+                area[static_cast<std::size_t>(n)] = &pool[(in_order ? n : n * 7 % count) * 3u];
+            copy(area.data());
+            return area;
+        };
+        const auto expected = run([&](const double **list) {
+            for (int n = 0; n < count; ++n)
+                for (int p = 0; p < elements; ++p)
+                    std::memcpy(list + 1 + n * elements + p, list[n] + p, sizeof(double));
+        });
+        const auto found = run([&](const double **list) {
+            double *const onto = reinterpret_cast<double *>(list + 1);
+            EXPECT_EQ(smxCopy_va_64f_LS(list, 0, 8, onto, 24, 8, elements, count), smxStsNoErr);
+        });
+        EXPECT_EQ(found, expected) << in_order;
+    }
+}
+
 // Four gigabytes of addresses, all but the last page of them the same few megabytes of memory.
 class LargeObject {
 public:

@@ -44,7 +44,8 @@
  *
  * Bits      A call gives the same bits for every thread count, address, instruction set and compiler. Unless a group
  *           says otherwise, each product, sum and difference is rounded to the element type, in the stated order, and
- *           none are fused. Which bits a not-a-number carries is not promised.
+ *           none are fused. Which bits a not-a-number carries is not promised, nor which floating-point exceptions
+ *           are flagged: do not have them trapped.
  *
  * smxdefs.h      types, statuses, version query       smxproduct.h   products, norms, transforms
  * smxarith.h     element-wise arithmetic, moving      smxfactor.h    factorizations, solve, determinant, inverse

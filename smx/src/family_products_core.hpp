@@ -60,7 +60,7 @@ template <class Num>
     const auto row = [&](int r) { return ((m[r][0] * point[0] + m[r][3]) + m[r][1] * point[1]) + m[r][2] * point[2]; };
     const Num w = row(3);
     const MaskOf<Num> good = magnitude(w) > Num(smallest_normal);
-    const Num reciprocal = Num(1.0F) / w;
+    const Num reciprocal = Num(1.0F) / select(good, w, Num(1.0F)); // no trap for lanes without a point
 #pragma GCC unroll 3
     for (int r = 0; r < 3; ++r) out[r] = select(good, row(r) * reciprocal, Num(greatest));
     return good;

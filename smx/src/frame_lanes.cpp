@@ -39,13 +39,14 @@ Footprint footprint_from(Address low, ptrdiff_t extent, const LaneOperand &o, in
     return {low, low + (count - 1) * stride0 + extent, extent, stride0};
 }
 [[gnu::noinline]] Footprint footprint_of_pointers(const LaneOperand &o, int count) {
-    Address low = entry(o, 0), high = low;
+    const Address first = entry(o, 0);
+    ptrdiff_t before = 0, behind = 0;
     for (ptrdiff_t e = 1; e < elements(o); ++e) {
-        const Address at = entry(o, e);
-        low = at < low ? at : low;
-        high = at > high ? at : high;
+        const ptrdiff_t distance = entry(o, e) - first;
+        before = distance < before ? distance : before;
+        behind = distance > behind ? distance : behind;
     }
-    return footprint_from(low, high - low + o.element, o, count);
+    return footprint_from(first + before, behind - before + o.element, o, count);
 }
 // Of a list, only the extent.
 [[gnu::always_inline]] inline Footprint footprint(const LaneOperand &o, int count) {
@@ -53,8 +54,10 @@ Footprint footprint_from(Address low, ptrdiff_t extent, const LaneOperand &o, in
     return footprint_from(reinterpret_cast<Address>(o.base), strided_extent(o), o, count);
 }
 
+// By their distances, since on 32 bits operands may lie where addresses change their sign.
 bool apart(Address low1, ptrdiff_t size1, Address low2, ptrdiff_t size2) {
-    return low1 + size1 <= low2 || low2 + size2 <= low1;
+    return static_cast<uintptr_t>(low2 - low1) >= static_cast<uintptr_t>(size1) &&
+           static_cast<uintptr_t>(low1 - low2) >= static_cast<uintptr_t>(size2);
 }
 
 bool same_addresses(const LaneOperand &a, const LaneOperand &b) {
@@ -93,8 +96,9 @@ bool lane_rows_apart(const LaneOperand &a, const LaneOperand &b, int width, bool
 // Do the elements of one object stay out of each other's way?
 bool elements_apart(const LaneOperand &o) {
     if (o.addressing != Addressing::pointers)
-        return o.stride1 >= (o.columns - 1) * o.stride2 + o.element || o.rows == 1 ||
-               o.stride2 >= (o.rows - 1) * o.stride1 + o.element;
+        return ((o.columns == 1 || o.stride2 >= o.element) &&
+                (o.rows == 1 || o.stride1 >= (o.columns - 1) * o.stride2 + o.element)) ||
+               (o.stride1 >= o.element && o.stride2 >= (o.rows - 1) * o.stride1 + o.element);
     bool ascending = true; // as nearly all tables are
     for (ptrdiff_t e = 1; e < elements(o) && ascending; ++e) ascending = entry(o, e) - entry(o, e - 1) >= o.element;
     if (!ascending && elements(o) > few_elements) return false;
@@ -143,7 +147,7 @@ enum class ListPair { in_doubt, safe, in_place };
 // as the results do not meet each other.
 ListPair look_at_pair(const LaneOperand &s, const LaneOperand &d, const Span &all_d, bool in_place_fine, int count) {
     const Span all_s = span(s, count);
-    if (all_s.high <= all_d.low || all_d.high <= all_s.low) return ListPair::safe;
+    if (apart(all_s.low, all_s.high - all_s.low, all_d.low, all_d.high - all_d.low)) return ListPair::safe;
     if (s.addressing != Addressing::list || d.addressing != Addressing::list) return ListPair::in_doubt;
     const Address *const from = addresses(s), *const to = addresses(d);
     const ptrdiff_t extent_s = strided_extent(s), extent_d = strided_extent(d), shift = d.shift - s.shift;
@@ -229,13 +233,20 @@ void note_far(LanePlan &plan) {
 }
 
 // Many lists name the objects of an array in their order: they are no lists then.
-void straighten(LaneOperand &o, int count) {
-    if (o.addressing != Addressing::list) return;
+bool straighten(LaneOperand &o, int count) {
+    if (o.addressing != Addressing::list) return false;
     const Address step = SMX_ON_LANES(list_step, addresses(o), count);
-    if (step < strided_extent(o)) return;
+    if (step < strided_extent(o)) return false;
     o.base = reinterpret_cast<const void *>(entry(o, 0));
     o.stride0 = step;
     o.addressing = Addressing::strided;
+    return true;
+}
+// May a result change such a list on the way?
+bool lies_on_table(const Footprint &d, const LaneOperand &o, int count) {
+    constexpr ptrdiff_t size = sizeof(void *);
+    return o.addressing == Addressing::strided && o.table != nullptr &&
+           !apart(reinterpret_cast<Address>(o.table), count * size, d.low, d.high - d.low);
 }
 
 } // namespace
@@ -244,8 +255,9 @@ void straighten(LaneOperand &o, int count) {
 void judge(LanePlan &plan) {
     const int count = plan.count;
     if (instruction_set() == InstructionSet::sequential) return;
-    for (int j = 0; j < plan.sources; ++j) straighten(plan.source[j].operand, count);
-    for (int i = 0; i < plan.results; ++i) straighten(plan.result[i], count);
+    bool straightened = false;
+    for (int j = 0; j < plan.sources; ++j) straightened |= straighten(plan.source[j].operand, count);
+    for (int i = 0; i < plan.results; ++i) straightened |= straighten(plan.result[i], count);
     // Footprints grow upwards. The interface refuses other strides; who calls a kernel may have objects that go down.
     const auto goes_down = [](const LaneOperand &o) { return (o.stride0 | o.stride1 | o.stride2) < 0; };
     // Sources, then results.
@@ -271,17 +283,23 @@ void judge(LanePlan &plan) {
         packed = packed && is_packed(d);
         const bool listed = d.addressing == Addressing::list;
         const Footprint f = look_at(sources + i, d);
-        const auto apart = [&](int k) { return high[k] <= f.low || f.high <= low[k]; };
+        const auto away = [&](int k) { return apart(low[k], high[k] - low[k], f.low, f.high - f.low); };
+        if (straightened && !listed) {
+            for (int j = 0; j < sources; ++j)
+                if (lies_on_table(f, plan.source[j].operand, count)) return;
+            for (int j = 0; j < plan.results; ++j)
+                if (lies_on_table(f, plan.result[j], count)) return;
+        }
         if (listed) plan.doubts |= doubt_alone(i);
         else if (f.stride0 < f.extent && !interleaved_alone(d, widest_group(plan))) return;
         for (int j = 0; j < sources; ++j) {
             if (listed || plan.source[j].operand.addressing == Addressing::list) plan.doubts |= doubt_source(i, j);
-            else if (!apart(j) && !overlapping_pair(plan, plan.source[j], d)) return;
+            else if (!away(j) && !overlapping_pair(plan, plan.source[j], d)) return;
         }
         // Two results of one call must not meet at all.
         for (int j = 0; j < i; ++j) {
             if (listed || plan.result[j].addressing == Addressing::list) plan.doubts |= doubt_results(i, j);
-            else if (!apart(sources + j) && !overlapping_pair(plan, {plan.result[j], SameObject::none}, d)) return;
+            else if (!away(sources + j) && !overlapping_pair(plan, {plan.result[j], SameObject::none}, d)) return;
         }
     }
     plan.packed = packed;

@@ -11,22 +11,28 @@ inline namespace SMX_ISA {
 void list_bounds(const Address *list, int count, Address &low, Address &high) {
     typedef Address Addresses __attribute__((vector_size(pack_bytes)));
     constexpr int W = pack_bytes / static_cast<int>(sizeof(Address));
-    low = high = list[0];
+    // As distances from the first, which do not depend on the sign of an address.
+    const Address first = list[0];
+    low = high = first;
     const auto take = [](Address &least, Address &most, Address x) {
         least = x < least ? x : least;
         most = x > most ? x : most;
     };
     if (count < W) {
-        for (int n = 1; n < count; ++n) take(low, high, list[n]);
+        Address before = 0, behind = 0;
+        for (int n = 1; n < count; ++n) take(before, behind, list[n] - first);
+        low = first + before;
+        high = first + behind;
         return;
     }
     // Several at once, because each minimum waits for the one before it; the last goes back over what has been seen.
     constexpr int several = 4;
     Addresses least[several], most[several];
-    for (int k = 0; k < several; ++k) least[k] = most[k] = low - Addresses{};
+    for (int k = 0; k < several; ++k) least[k] = most[k] = Addresses{};
     const auto take_from = [&](int n, int k) {
         Addresses x;
         std::memcpy(&x, list + n, pack_bytes);
+        x = x - first;
         least[k] = x < least[k] ? x : least[k];
         most[k] = x > most[k] ? x : most[k];
     };
@@ -41,13 +47,13 @@ void list_bounds(const Address *list, int count, Address &low, Address &high) {
         least[0] = least[k] < least[0] ? least[k] : least[0];
         most[0] = most[k] > most[0] ? most[k] : most[0];
     }
-    Address lowest = low, highest = high; // no stores through references on the way
+    Address lowest = 0, highest = 0;
     for (int l = 0; l < W; ++l) {
         lowest = least[0][l] < lowest ? least[0][l] : lowest;
         highest = most[0][l] > highest ? most[0][l] : highest;
     }
-    low = lowest;
-    high = highest;
+    low = first + lowest;
+    high = first + highest;
 }
 
 namespace {

@@ -37,7 +37,7 @@ template <class... Operands>
                (behind >= static_cast<std::uintptr_t>(bytes) && -behind >= static_cast<std::uintptr_t>(bytes));
     };
     const bool is_run = without_gaps(d) && (without_gaps(sources) && ...) && (fine(sources) && ...);
-    return is_run && instruction_set() != InstructionSet::sequential ? bytes : 0;
+    return is_run && bytes > 0 && instruction_set() != InstructionSet::sequential ? bytes : 0;
 }
 
 } // namespace SMX_ISA
