@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -50,9 +51,12 @@ void restore(const std::vector<Term> &terms, bool intercept, double *coefficient
 double columnMean(const shared::Table &data, std::size_t column) {
     const double first = data.at(0, column); // so that a constant column has its own value
     double above = 0;
-    for (std::size_t i = 0; i < data.rows(); ++i)
-        above += (data.at(i, column) - first) / static_cast<double>(data.rows());
-    if (!std::isfinite(above)) throw std::runtime_error(data.file + ": the numbers are too large");
+    for (std::size_t i = 0; i < data.rows(); ++i) {
+        const double value = data.at(i, column);
+        if (std::abs(value) > std::numeric_limits<double>::max() / 4) // differences must not overflow
+            throw std::runtime_error(data.file + ": the numbers are too large");
+        above += (value - first) / static_cast<double>(data.rows());
+    }
     return first + above;
 }
 
